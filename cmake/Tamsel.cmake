@@ -1,0 +1,51 @@
+# What every target of ours shares: warnings as errors, the include root, sanitizers by option.
+
+set(TAMSEL_SANITIZE "" CACHE STRING "address (with undefined) or thread; empty for none")
+
+add_library(tamsel_options INTERFACE)
+target_compile_options(tamsel_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
+target_include_directories(tamsel_options INTERFACE "${PROJECT_SOURCE_DIR}")
+target_compile_definitions(tamsel_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
+
+if(TAMSEL_SANITIZE STREQUAL "address")
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+elseif(TAMSEL_SANITIZE STREQUAL "thread")
+    add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=thread)
+    # GCC says that the thread sanitizer does not model std::atomic_thread_fence; ours uses none.
+    add_compile_options(-Wno-tsan)
+elseif(NOT TAMSEL_SANITIZE STREQUAL "")
+    message(FATAL_ERROR "TAMSEL_SANITIZE is 'address', 'thread' or empty, not '${TAMSEL_SANITIZE}'")
+endif()
+
+# One folder, one library: tamsel_library(model SOURCES ... LINK ...)
+function(tamsel_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    add_library(tamsel_${name} STATIC ${ARG_SOURCES})
+    target_link_libraries(tamsel_${name} PUBLIC ${ARG_LINK} PRIVATE tamsel_options)
+    target_include_directories(tamsel_${name} PUBLIC "${PROJECT_SOURCE_DIR}")
+endfunction()
+
+# A folder whose screen models QML reads: the same, as a QML module named Tamsel.<uri>.
+function(tamsel_qml_library name uri)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    qt_add_library(tamsel_${name} STATIC)
+    qt_add_qml_module(tamsel_${name}
+        URI Tamsel.${uri}
+        VERSION 1.0
+        RESOURCE_PREFIX /qt/qml
+        SOURCES ${ARG_SOURCES})
+    set_target_properties(tamsel_${name} PROPERTIES AUTOMOC ON)
+    target_link_libraries(tamsel_${name} PUBLIC ${ARG_LINK} PRIVATE tamsel_options)
+    target_include_directories(tamsel_${name} PUBLIC "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
+endfunction()
+
+# One folder of tests, one program: tamsel_test(model SOURCES ... LINK ... [LABELS ...])
+function(tamsel_test name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;LABELS" ${ARGN})
+    add_executable(test_${name} ${ARG_SOURCES})
+    target_link_libraries(test_${name} PRIVATE ${ARG_LINK} tamsel_test_support tamsel_options GTest::gmock)
+    add_test(NAME ${name} COMMAND test_${name})
+    set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 300)
+endfunction()
