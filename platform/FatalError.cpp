@@ -1,0 +1,21 @@
+#include "platform/FatalError.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace tamsel {
+
+void fatalError(const QString& message) {
+    const QByteArray text = message.toUtf8();
+    if (text.isEmpty())
+        std::fputs("Fatal error\n", stderr);
+    else
+        std::fprintf(stderr, "Fatal error: %s\n", text.constData());
+    std::abort();
+}
+
+void trap() {
+    std::abort();
+}
+
+} // namespace tamsel

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+namespace tamsel {
+
+// Stops the program: a state that must never happen has happened. Writes "Fatal error: " and the message (or, when it
+// is empty, "Fatal error") to standard error and aborts. Any thread.
+[[noreturn]] void fatalError(const QString& message);
+
+// Stops the program without a message: arithmetic that overflowed, or a promise of a library that did not hold.
+[[noreturn]] void trap();
+
+} // namespace tamsel
