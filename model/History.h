@@ -1,0 +1,66 @@
+#pragma once
+
+#include "model/DailyLog.h"
+#include "model/HistoryEvent.h"
+#include "model/PracticeSession.h"
+#include "model/SettingsStore.h"
+#include "platform/Observable.h"
+#include "platform/Queue.h"
+#include "platform/SerialQueue.h"
+#include "platform/UuidSource.h"
+
+#include <QList>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace tamsel {
+
+// Every event ever recorded, in the order of recording: the journal that the reports read. Main thread, except that a
+// rename does its work on a queue of its own. Every change is saved and published before the call returns.
+class History {
+public:
+    using WorkQueue = std::unique_ptr<Queue>;
+
+    // Loads the events. Stored events that do not decode stop the program, with one line on the console that names the
+    // file and the place: history is never silently discarded, and its bytes stay as they are.
+    History(DailyLog& dailyLog, SettingsStore& userDefaults, Queue& mainQueue, UuidSource& uuids,
+            WorkQueue queue = std::make_unique<SerialQueue>("History"));
+    ~History();
+
+    const QList<HistoryEvent>& events() const { return m_events; }
+    Observable& eventsChanged() { return m_eventsChanged; }
+
+    void setEvents(QList<HistoryEvent> events);
+
+    // Records a finished session: appended to today's log unchanged and, from one minute up, to the events in whole
+    // minutes. Costs the same however long the history is.
+    void record(const PracticeSession& session);
+
+    // Gives the events named `oldName` the new name. Their counts are dropped and their identifiers fresh, which is
+    // deliberate. Publishes and saves on the main queue, then calls the completion there.
+    void renameExercise(const QString& oldName, const QString& newName, std::function<void()> completion = {});
+
+private:
+    void append(const HistoryEvent& event);
+    void save();
+    void rename(const QString& oldName, const QString& newName, std::function<void()> completion);
+
+    DailyLog& m_dailyLog;
+    SettingsStore& m_userDefaults;
+    Queue& m_mainQueue;
+    UuidSource& m_uuids;
+    QList<HistoryEvent> m_events;
+    // Length of the stored document while it ends in the list's bracket, so that an event can be added behind the rest;
+    // nothing when the next save has to write the whole.
+    std::optional<qsizetype> m_extendableBytes;
+    // Counts every change but an append: what a rename was computed from is stale when it differs.
+    quint64 m_generation = 0;
+    Observable m_eventsChanged;
+    // Given to work on other queues, which does nothing once this store is gone.
+    std::shared_ptr<History*> m_self = std::make_shared<History*>(this);
+    WorkQueue m_queue;
+};
+
+} // namespace tamsel

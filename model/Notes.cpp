@@ -1,0 +1,56 @@
+#include "model/Notes.h"
+
+#include "model/Json.h"
+#include "model/SetAside.h"
+#include "model/SettingsKeys.h"
+#include "platform/FatalError.h"
+#include "platform/Log.h"
+
+namespace tamsel {
+
+std::optional<QList<Note>> Notes::notes(const Exercise& exercise) const {
+    const QString key = keys::notes(exercise);
+    const auto data = m_userDefaults->data(key);
+    if (!data)
+        return std::nullopt;
+    auto decoded = json::decode<QList<Note>>(*data, key);
+    if (!decoded)
+        return std::nullopt;
+    return *std::move(decoded);
+}
+
+void Notes::add(const Note& note, const Exercise& exercise) {
+    const auto present = notes(exercise);
+    const QString key = keys::notes(exercise);
+    if (!present && m_userDefaults->value(key)) {
+        log(QStringLiteral("%1 in %2 cannot be read; a copy is kept under %3")
+                .arg(key, m_userDefaults->location(), setAside(*m_userDefaults, key)));
+    }
+    save(present.value_or(QList<Note>()) + QList<Note>{note}, exercise);
+}
+
+void Notes::remove(const Note& note, const Exercise& exercise) {
+    auto present = notes(exercise);
+    if (!present)
+        fatalError(QStringLiteral("Expected a note to delete"));
+    present->removeIf([&note](const Note& each) { return each.id == note.id; });
+    save(*present, exercise);
+}
+
+void Notes::update(const Note& note, const Exercise& exercise) {
+    auto present = notes(exercise);
+    if (!present)
+        fatalError(QStringLiteral("Expected a note to update"));
+    for (Note& each : *present) {
+        if (each.id == note.id)
+            each = note;
+    }
+    save(*present, exercise);
+}
+
+void Notes::save(const QList<Note>& notes, const Exercise& exercise) {
+    if (const auto document = json::encode(notes))
+        m_userDefaults->setData(keys::notes(exercise), *document);
+}
+
+} // namespace tamsel

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/Calendar.h"
+#include "platform/Clock.h"
+#include "platform/Queue.h"
+#include "platform/UuidSource.h"
+
+namespace tamsel {
+
+// What the device gives to whoever needs it, handed down from the entry point. Tests hand in their own.
+struct Platform {
+    Clock& clock;
+    Calendar& calendar;
+    Queue& mainQueue;
+    UuidSource& uuids;
+};
+
+} // namespace tamsel

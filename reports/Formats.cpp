@@ -1,0 +1,117 @@
+#include "reports/Formats.h"
+
+#include "platform/Checked.h"
+#include "platform/FatalError.h"
+#include "platform/NumberText.h"
+
+#include <unicode/measfmt.h>
+#include <unicode/measunit.h>
+#include <unicode/measure.h>
+#include <unicode/smpdtfmt.h>
+#include <unicode/timezone.h>
+
+#include <cmath>
+#include <memory>
+#include <vector>
+
+namespace tamsel {
+
+namespace {
+
+constexpr qint64 secondsPerMinute = 60;
+constexpr qint64 secondsPerHour = 3600;
+constexpr double millisecondsPerSecond = 1000.0;
+
+icu::UnicodeString toIcu(const QString& text) {
+    return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<int32_t>(text.size())};
+}
+
+QString fromIcu(const icu::UnicodeString& text) {
+    return {reinterpret_cast<const QChar*>(text.getBuffer()), text.length()};
+}
+
+void require(UErrorCode status) {
+    if (U_FAILURE(status))
+        trap();
+}
+
+struct Amount {
+    qint64 number;
+    icu::MeasureUnit unit;
+};
+
+// The amounts that are not zero, or the last one alone when all are.
+QString formatted(const icu::MeasureFormat& format, const std::vector<Amount>& amounts) {
+    UErrorCode status = U_ZERO_ERROR;
+    std::vector<icu::Measure> measures;
+    for (std::size_t i = 0; i < amounts.size(); ++i) {
+        const bool isLastResort = measures.empty() && i + 1 == amounts.size();
+        if (amounts[i].number != 0 || isLastResort)
+            measures.emplace_back(icu::Formattable(static_cast<int64_t>(amounts[i].number)),
+                                  new icu::MeasureUnit(amounts[i].unit), status);
+    }
+    require(status);
+    icu::UnicodeString text;
+    icu::FieldPosition position(icu::FieldPosition::DONT_CARE);
+    format.formatMeasures(measures.data(), static_cast<int32_t>(measures.size()), text, position, status);
+    require(status);
+    return fromIcu(text);
+}
+
+std::unique_ptr<icu::MeasureFormat> measureFormat(UMeasureFormatWidth width) {
+    UErrorCode status = U_ZERO_ERROR;
+    auto format = std::make_unique<icu::MeasureFormat>(icu::Locale::getDefault(), width, status);
+    require(status);
+    return format;
+}
+
+} // namespace
+
+QString formattedTimeInterval(double seconds) {
+    if (!std::isfinite(seconds) || std::abs(seconds) >= 9.2e18)
+        fatalError(QStringLiteral("Unable to parse time. timeInterval = ") + decimalText(seconds));
+    const qint64 whole = checkedTruncate(seconds);
+    const auto padded = [](qint64 number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
+    const QString sign = whole < 0 ? QStringLiteral("-") : QString();
+    const qint64 size = whole < 0 ? -whole : whole;
+    if (seconds > static_cast<double>(secondsPerHour)) {
+        return sign + QStringLiteral("%1:%2:%3")
+                          .arg(size / secondsPerHour)
+                          .arg(padded(size / secondsPerMinute % secondsPerMinute), padded(size % secondsPerMinute));
+    }
+    return sign + padded(size / secondsPerMinute) + QLatin1Char(':') + padded(size % secondsPerMinute);
+}
+
+QString abbreviatedHoursAndMinutes(qint64 seconds) {
+    static const auto format = measureFormat(UMEASFMT_WIDTH_NARROW);
+    const qint64 minutes = seconds / secondsPerMinute;
+    return formatted(*format, {{minutes / secondsPerMinute, icu::MeasureUnit::getHour()},
+                               {minutes % secondsPerMinute, icu::MeasureUnit::getMinute()}});
+}
+
+QString spokenDuration(qint64 seconds) {
+    static const auto format = measureFormat(UMEASFMT_WIDTH_WIDE);
+    return formatted(*format, {{seconds / secondsPerHour, icu::MeasureUnit::getHour()},
+                               {seconds / secondsPerMinute % secondsPerMinute, icu::MeasureUnit::getMinute()},
+                               {seconds % secondsPerMinute, icu::MeasureUnit::getSecond()}});
+}
+
+QString longDayTitle(Date date, const Calendar& calendar) {
+    static const auto format = [] {
+        UErrorCode status = U_ZERO_ERROR;
+        auto made = std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString(u"MMM dd YYYY"),
+                                                            icu::Locale::getDefault(), status);
+        require(status);
+        return made;
+    }();
+    static QString zone;
+    if (zone != calendar.zoneName()) {
+        zone = calendar.zoneName();
+        format->adoptTimeZone(icu::TimeZone::createTimeZone(toIcu(zone)));
+    }
+    icu::UnicodeString text;
+    format->format(date.unixSeconds() * millisecondsPerSecond, text);
+    return fromIcu(text);
+}
+
+} // namespace tamsel

@@ -1,0 +1,59 @@
+#include "reports/TimeRange.h"
+
+#include "model/SettingsKeys.h"
+#include "platform/FatalError.h"
+#include "platform/Log.h"
+
+namespace tamsel {
+
+const QList<TimeRange>& offeredTimeRanges() {
+    static const QList<TimeRange> ranges = {TimeRange::last7Days, TimeRange::last30Days, TimeRange::last12Months,
+                                            TimeRange::allMonths};
+    return ranges;
+}
+
+QString label(TimeRange range) {
+    switch (range) {
+    case TimeRange::last7Days:
+        return QStringLiteral("7 days");
+    case TimeRange::last30Days:
+        return QStringLiteral("30 days");
+    case TimeRange::last90Days:
+        return QStringLiteral("90 days");
+    case TimeRange::last12Months:
+        return QStringLiteral("12 months");
+    case TimeRange::allMonths:
+        return QStringLiteral("All months");
+    }
+    trap();
+}
+
+std::optional<TimeRange> timeRangeOf(qint64 rawValue) {
+    for (const TimeRange range : {TimeRange::last7Days, TimeRange::last30Days, TimeRange::last90Days,
+                                  TimeRange::last12Months, TimeRange::allMonths}) {
+        if (rawValue == static_cast<int>(range))
+            return range;
+    }
+    return std::nullopt;
+}
+
+std::optional<TimeRange> preferredTimeRange(const SettingsStore& store) {
+    const auto data = store.data(keys::preferredTimeRange);
+    if (!data)
+        return std::nullopt;
+    bool isNumber = false;
+    const auto range = timeRangeOf(data->trimmed().toLongLong(&isNumber));
+    if (!isNumber || !range)
+        return std::nullopt;
+    if (!offeredTimeRanges().contains(*range)) {
+        log(QStringLiteral("Unable to use saved timeRange, likely experimental"));
+        return std::nullopt;
+    }
+    return range;
+}
+
+void savePreferredTimeRange(SettingsStore& store, TimeRange range) {
+    store.setData(keys::preferredTimeRange, QByteArray::number(static_cast<int>(range)));
+}
+
+} // namespace tamsel
