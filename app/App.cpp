@@ -1,0 +1,41 @@
+#include "app/App.h"
+
+#include "platform/Log.h"
+
+#include <cstdio>
+#include <optional>
+
+namespace tamsel {
+
+namespace {
+
+void reportAudioSessionFailure(const QString& error) {
+    const QString line = QStringLiteral("Failed to set audio session category.  Error: ") + error;
+    log(line);
+    // For the system's log as well, which collects standard error.
+    std::fprintf(stderr, "%s\n", line.toUtf8().constData());
+}
+
+// A step that fails ends the rest; the program goes on without sound.
+void configureAudioSession(AudioSession& session) {
+    if (const auto error = session.setCategory(AudioSession::Category::Playback, AudioSession::Mixing::Exclusive)) {
+        reportAudioSessionFailure(*error);
+        return;
+    }
+    if (const auto error = session.activate()) {
+        reportAudioSessionFailure(*error);
+        return;
+    }
+    session.beginReceivingRemoteControlEvents();
+}
+
+} // namespace
+
+App::App(SettingsStore& settingsStore, const Platform& platform, AudioOutput& audioOutput, AudioSession& audioSession,
+         int acceleration)
+    : m_singletons(settingsStore, platform, audioOutput, audioSession),
+      m_coordinator(m_singletons, platform, acceleration), m_content(m_singletons, platform, m_coordinator) {
+    configureAudioSession(audioSession);
+}
+
+} // namespace tamsel

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/ContentViewModel.h"
+#include "app/Singletons.h"
+#include "list/Coordinator.h"
+#include "metronome/AudioOutput.h"
+#include "metronome/AudioSession.h"
+#include "model/SettingsStore.h"
+#include "platform/Platform.h"
+
+namespace tamsel {
+
+// The program: its stores, its navigation, and the root of its screens. Made once, before the first screen is shown.
+// Main thread only.
+class App {
+public:
+    // `acceleration` is 1 in normal use: how many seconds of practice pass in one. Audio that cannot be set up is
+    // logged and leaves the metronome silent. Everything handed in must outlive the app.
+    App(SettingsStore& settingsStore, const Platform& platform, AudioOutput& audioOutput, AudioSession& audioSession,
+        int acceleration);
+
+    App(const App&) = delete;
+    App& operator=(const App&) = delete;
+
+    Singletons& singletons() { return m_singletons; }
+    ContentViewModel& content() { return m_content; }
+
+private:
+    Singletons m_singletons;
+    Coordinator m_coordinator;
+    ContentViewModel m_content;
+};
+
+} // namespace tamsel

@@ -1,0 +1,53 @@
+#include "app/ContentViewModel.h"
+
+#include "platform/Log.h"
+
+#include <chrono>
+
+namespace tamsel {
+
+namespace {
+constexpr std::chrono::seconds retryInterval{2};
+}
+
+ContentViewModel::ContentViewModel(Singletons& singletons, const Platform& platform, const Coordinator& coordinator)
+    : m_singletons(singletons), m_platform(platform), m_tabViewModel(singletons, platform, coordinator),
+      m_writeFailureSubscription(
+          singletons.userDefaults.writeFailureChanged().subscribe([this] { storageChanged(); })) {
+    // A change may have failed while the stores were made.
+    storageChanged();
+}
+
+QString ContentViewModel::storageWarning() const {
+    if (!m_singletons.userDefaults.writeFailure())
+        return {};
+    return QStringLiteral("Your latest changes are not saved to disk yet. Tamsel keeps them and goes on trying.");
+}
+
+void ContentViewModel::storageChanged() {
+    Q_EMIT storageWarningChanged();
+    if (m_singletons.userDefaults.writeFailure() && !m_retryIsScheduled)
+        scheduleRetry();
+}
+
+void ContentViewModel::scheduleRetry() {
+    m_retryIsScheduled = true;
+    m_platform.mainQueue.asyncAfter(retryInterval, [self = std::weak_ptr(m_self)] {
+        const auto content = self.lock();
+        if (!content)
+            return;
+        (*content)->m_retryIsScheduled = false;
+        if (!(*content)->m_singletons.userDefaults.retryFailedWrites() && !(*content)->m_retryIsScheduled)
+            (*content)->scheduleRetry();
+    });
+}
+
+void ContentViewModel::handleLaunchURL(const QUrl& url) {
+    log(QStringLiteral("launching app, unhandled url: ") + url.toString(QUrl::FullyEncoded));
+}
+
+void ContentViewModel::leave() {
+    m_tabViewModel.practiceNavigationStack()->leave();
+}
+
+} // namespace tamsel

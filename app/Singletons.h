@@ -1,0 +1,34 @@
+#pragma once
+
+#include "metronome/AudioOutput.h"
+#include "metronome/AudioSession.h"
+#include "metronome/Metronome.h"
+#include "model/DailyLog.h"
+#include "model/Exercises.h"
+#include "model/History.h"
+#include "model/Notes.h"
+#include "model/SettingsStore.h"
+#include "platform/Platform.h"
+
+namespace tamsel {
+
+// The composition root: the stores and the one metronome, made once, in the order of the members, and complete when the
+// constructor returns. The only place that makes a store. Main thread only.
+class Singletons {
+public:
+    // Everything handed in must outlive it.
+    Singletons(SettingsStore& settingsStore, const Platform& platform, AudioOutput& audioOutput,
+               AudioSession& audioSession);
+
+    Singletons(const Singletons&) = delete;
+    Singletons& operator=(const Singletons&) = delete;
+
+    DailyLog dailyLog;
+    Exercises exercises;
+    History history;
+    Metronome metronome;
+    Notes notes;
+    SettingsStore& userDefaults;
+};
+
+} // namespace tamsel
