@@ -30,13 +30,13 @@ endfunction()
 # A folder whose screen models QML reads: the same, as a QML module named Tamsel.<uri>.
 function(tamsel_qml_library name uri)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    set(CMAKE_AUTOMOC ON)
     qt_add_library(tamsel_${name} STATIC)
     qt_add_qml_module(tamsel_${name}
         URI Tamsel.${uri}
         VERSION 1.0
         RESOURCE_PREFIX /qt/qml
         SOURCES ${ARG_SOURCES})
-    set_target_properties(tamsel_${name} PROPERTIES AUTOMOC ON)
     target_link_libraries(tamsel_${name} PUBLIC ${ARG_LINK} PRIVATE tamsel_options)
     target_include_directories(tamsel_${name} PUBLIC "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
 endfunction()
@@ -44,7 +44,7 @@ endfunction()
 # One folder of tests, one program: tamsel_test(model SOURCES ... LINK ... [LABELS ...])
 function(tamsel_test name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINK;LABELS" ${ARGN})
-    add_executable(test_${name} ${ARG_SOURCES})
+    add_executable(test_${name} ${ARG_SOURCES} "${PROJECT_SOURCE_DIR}/tests/support/main.cpp")
     target_link_libraries(test_${name} PRIVATE ${ARG_LINK} tamsel_test_support tamsel_options GTest::gmock)
     add_test(NAME ${name} COMMAND test_${name})
     set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 300)
