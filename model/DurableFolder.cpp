@@ -1,0 +1,64 @@
+#include "model/DurableFolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace tamsel {
+
+namespace {
+
+constexpr mode_t ownerOnly = 0700;
+
+std::optional<QString> reason(int error) {
+    return error == 0 ? std::nullopt : std::optional(qt_error_string(error));
+}
+
+// The error number; 0 when the folder is there.
+int make(const QString& path) {
+    if (::mkdir(QFile::encodeName(path).constData(), ownerOnly) == 0)
+        return 0;
+    const int error = errno;
+    if (error == EEXIST)
+        return QFileInfo(path).isDir() ? 0 : ENOTDIR;
+    const QString parent = QFileInfo(path).path();
+    if (error != ENOENT || parent == path)
+        return error;
+    const int parentError = make(parent);
+    return parentError == 0 ? make(path) : parentError;
+}
+
+int sync(const QString& path) {
+    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    // A folder that may be passed through but not listed is not one that we made.
+    if (descriptor < 0)
+        return errno == EACCES ? 0 : errno;
+    const int error = ::fsync(descriptor) == 0 ? 0 : errno;
+    ::close(descriptor);
+    // Some file systems cannot do this and say so; they have nothing better.
+    return error == EIO ? error : 0;
+}
+
+} // namespace
+
+std::optional<QString> makeFolder(const QString& path) {
+    return reason(make(QDir(path).absolutePath()));
+}
+
+std::optional<QString> syncFolder(const QString& path) {
+    // Up to the root: an earlier run may have made any of these and ended before it could do this.
+    for (QString folder = QDir(path).absolutePath();; folder = QFileInfo(folder).path()) {
+        if (const int error = sync(folder); error != 0)
+            return reason(error);
+        if (QDir(folder).isRoot())
+            return std::nullopt;
+    }
+}
+
+} // namespace tamsel
