@@ -1,0 +1,31 @@
+#pragma once
+
+#include "model/SqliteDatabase.h"
+
+namespace tamsel {
+
+// What a settings file is made of, and how one is recognised.
+namespace schema {
+
+// "TMSL", by which `file` and others tell whose the file is.
+inline constexpr qint64 applicationId = 0x544D534C;
+inline constexpr qint64 formatVersion = 1;
+
+// Data lies in pieces of this many bytes: the full ones are rows of their own, what is left of the end lies with its
+// key. With pages of 8 KiB the measured best of what still extends a long document for little more than the price of
+// one small row: larger chunks make that dearer, smaller ones the reading.
+inline constexpr qint64 chunkBytes = 16384;
+
+// The row of a chunk, counted from 0, of the entry with this row.
+constexpr qint64 chunkRow(qint64 entry, qint64 number) {
+    constexpr qint64 rowsForEach = 4294967296; // 2^32
+    return entry * rowsForEach + number;
+}
+
+} // namespace schema
+
+// Opens the settings file, or makes it where there is none; its folder must exist. A file that is another program's, of
+// a newer format, or damaged is left as it is. False on failure; `database.error()` then tells why.
+[[nodiscard]] bool openSettingsDatabase(SqliteDatabase& database, const QString& path);
+
+} // namespace tamsel
