@@ -1,0 +1,19 @@
+#pragma once
+
+#include "metronome/MetronomeBeat.h"
+
+namespace tamsel {
+
+class Metronome;
+
+// Hears the metronome's ticks.
+class MetronomeDelegate {
+public:
+    virtual ~MetronomeDelegate() = default;
+
+    // A click is being heard. Called on the metronome's queue, never on the main thread: hop over before touching
+    // anything that a screen shows, and call nothing of the metronome's that waits for the queue.
+    virtual void metronomeTicking(Metronome& metronome, MetronomeBeat beat) = 0;
+};
+
+} // namespace tamsel
