@@ -1,6 +1,7 @@
 #include "platform/Calendar.h"
 
 #include "platform/FatalError.h"
+#include "platform/IcuText.h"
 
 #include <unicode/gregocal.h>
 #include <unicode/timezone.h>
@@ -10,10 +11,6 @@ namespace tamsel {
 namespace {
 
 constexpr double millisecondsPerSecond = 1000.0;
-
-icu::UnicodeString toIcu(const QString& text) {
-    return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<int32_t>(text.size())};
-}
 
 void require(UErrorCode status) {
     if (U_FAILURE(status))
@@ -59,7 +56,7 @@ Calendar Calendar::device() {
     const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::detectHostTimeZone());
     icu::UnicodeString id;
     zone->getID(id);
-    return Calendar(QString(reinterpret_cast<const QChar*>(id.getBuffer()), id.length()));
+    return Calendar(fromIcu(id));
 }
 
 Calendar::Calendar(Calendar&&) noexcept = default;
@@ -80,7 +77,7 @@ bool Calendar::sameDay(Date a, Date b) const {
 QString Calendar::zoneName() const {
     icu::UnicodeString id;
     m_fields->calendar->getTimeZone().getID(id);
-    return {reinterpret_cast<const QChar*>(id.getBuffer()), id.length()};
+    return fromIcu(id);
 }
 
 } // namespace tamsel

@@ -2,6 +2,7 @@
 
 #include "platform/Checked.h"
 #include "platform/FatalError.h"
+#include "platform/IcuText.h"
 #include "platform/NumberText.h"
 
 #include <unicode/measfmt.h>
@@ -21,14 +22,6 @@ namespace {
 constexpr qint64 secondsPerMinute = 60;
 constexpr qint64 secondsPerHour = 3600;
 constexpr double millisecondsPerSecond = 1000.0;
-
-icu::UnicodeString toIcu(const QString& text) {
-    return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<int32_t>(text.size())};
-}
-
-QString fromIcu(const icu::UnicodeString& text) {
-    return {reinterpret_cast<const QChar*>(text.getBuffer()), text.length()};
-}
 
 void require(UErrorCode status) {
     if (U_FAILURE(status))

@@ -1,0 +1,163 @@
+#include "app/App.h"
+#include "app/SettingsStoreChoice.h"
+#include "app/SingleInstance.h"
+#include "app/Tour.h"
+#include "app/TourAudio.h"
+#include "metronome/DeviceOutput.h"
+#include "metronome/SystemAudioSession.h"
+#include "model/SqliteSettingsStore.h"
+#include "platform/FolderLock.h"
+#include "platform/Log.h"
+#include "platform/MainQueue.h"
+#include "platform/TerminationSignals.h"
+#include "ui/Ui.h"
+
+#include <QCommandLineParser>
+#include <QGuiApplication>
+#include <QQmlApplicationEngine>
+#include <QQuickStyle>
+#include <QQuickWindow>
+#include <QtQml/qqmlextensionplugin.h>
+
+#include <cstdio>
+#include <memory>
+#include <optional>
+
+Q_IMPORT_QML_PLUGIN(Tamsel_AppPlugin)
+Q_IMPORT_QML_PLUGIN(Tamsel_ListPlugin)
+Q_IMPORT_QML_PLUGIN(Tamsel_MetronomePlugin)
+Q_IMPORT_QML_PLUGIN(Tamsel_PracticePlugin)
+Q_IMPORT_QML_PLUGIN(Tamsel_UiPlugin)
+
+namespace tamsel {
+
+namespace {
+
+constexpr int exitRefused = 1;
+
+int refuse(const QString& line) {
+    std::fprintf(stderr, "%s\n", line.toUtf8().constData());
+    return exitRefused;
+}
+
+struct LaunchOptions {
+    bool acceleratedTime = false;
+    std::optional<QString> tourFolder;
+    QString tourStage;
+    QStringList urls;
+};
+
+LaunchOptions parse(const QGuiApplication& application) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("A practice journal for musicians."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption accelerated(QStringLiteral("accelerated-time"),
+                                         QStringLiteral("Timer and stopwatch run %1 times as fast, to try things out.")
+                                             .arg(PracticeViewModel::acceleratedTimeFactor));
+    QCommandLineOption tour(QStringLiteral("tour"),
+                            QStringLiteral("Do a practice by itself and leave its traces there."),
+                            QStringLiteral("folder"));
+    QCommandLineOption stage(QStringLiteral("tour-stage"), {}, QStringLiteral("stage"), QStringLiteral("practice"));
+    stage.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions({accelerated, tour, stage});
+    parser.addPositionalArgument(QStringLiteral("url"), QStringLiteral("What to open."), QStringLiteral("[url…]"));
+    parser.process(application);
+
+    LaunchOptions options;
+    options.acceleratedTime = parser.isSet(accelerated) || parser.isSet(tour);
+    if (parser.isSet(tour))
+        options.tourFolder = parser.value(tour);
+    options.tourStage = parser.value(stage);
+    options.urls = parser.positionalArguments();
+    options.urls.removeAll(QStringLiteral("UI_TESTING"));
+    return options;
+}
+
+void raise(QQuickWindow& window) {
+    window.show();
+    window.raise();
+    window.requestActivate();
+}
+
+void open(ContentViewModel& content, const QStringList& urls) {
+    for (const QString& url : urls)
+        content.handleLaunchURL(QUrl::fromUserInput(url));
+}
+
+int run(QGuiApplication& application) {
+    const LaunchOptions options = parse(application);
+    SystemClock clock;
+    Calendar calendar = Calendar::device();
+    RandomUuids uuids;
+    MainQueue mainQueue;
+    const Platform platform{clock, calendar, mainQueue, uuids};
+
+    const SettingsStoreChoice choice =
+        options.tourFolder
+            ? SettingsStoreChoice{*options.tourFolder + QStringLiteral("/data"), QStringLiteral("tour"), true}
+            : chooseSettingsStore(application.arguments(), clock);
+    if (!QDir().mkpath(choice.folder))
+        return refuse(QStringLiteral("Cannot make the folder %1").arg(choice.folder));
+    FolderLock::Failure lockFailure{};
+    const auto lock = FolderLock::take(choice.folder, &lockFailure);
+    if (!lock && lockFailure == FolderLock::Failure::HeldByAnother) {
+        if (SingleInstance::knock(choice.folder, options.urls))
+            return 0;
+        return refuse(QStringLiteral("Another program is using the data in %1").arg(choice.folder));
+    }
+    if (!lock)
+        return refuse(QStringLiteral("Cannot write to the folder %1").arg(choice.folder));
+    auto store = SqliteSettingsStore::open(choice.folder, choice.suite);
+    if (!store)
+        return refuse(store.error());
+
+    std::unique_ptr<TourAudio> tourAudio;
+    std::unique_ptr<DeviceOutput> device;
+    if (options.tourFolder)
+        tourAudio = std::make_unique<TourAudio>(clock);
+    else
+        device = std::make_unique<DeviceOutput>();
+    AudioOutput& audioOutput = tourAudio ? tourAudio->output() : static_cast<AudioOutput&>(*device);
+    SystemAudioSession audioSession;
+    App app(**store, platform, audioOutput, audioSession,
+            options.acceleratedTime ? PracticeViewModel::acceleratedTimeFactor : 1);
+
+    QQmlApplicationEngine engine;
+    ui::registerWith(engine);
+    engine.setInitialProperties({{QStringLiteral("content"), QVariant::fromValue(&app.content())}});
+    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Tamsel/Ui/screens/AppWindow.qml")));
+    auto* const window =
+        engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
+    if (window == nullptr)
+        return refuse(QStringLiteral("The window cannot be made"));
+
+    const SingleInstance door(choice.folder, [&](const QStringList& urls) {
+        raise(*window);
+        open(app.content(), urls);
+    });
+    const TerminationSignals signals([] { QGuiApplication::quit(); });
+    QObject::connect(&application, &QGuiApplication::aboutToQuit, &app.content(), &ContentViewModel::leave);
+    open(app.content(), options.urls);
+
+    std::unique_ptr<Tour> tour;
+    if (options.tourFolder) {
+        tour = std::make_unique<Tour>(*window, app, *tourAudio, *options.tourFolder, options.tourStage);
+        mainQueue.async([&tour] { QGuiApplication::exit(tour->take()); });
+    }
+    return QGuiApplication::exec();
+}
+
+} // namespace
+
+} // namespace tamsel
+
+int main(int argc, char* argv[]) {
+    QGuiApplication::setApplicationName(QStringLiteral("tamsel"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tamsel"));
+    QGuiApplication::setApplicationVersion(QStringLiteral(TAMSEL_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("tamsel"));
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    QGuiApplication application(argc, argv);
+    return tamsel::run(application);
+}
