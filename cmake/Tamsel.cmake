@@ -36,6 +36,8 @@ function(tamsel_qml_library name uri)
         URI Tamsel.${uri}
         VERSION 1.0
         RESOURCE_PREFIX /qt/qml
+        # One import path for all modules: the QML compiler and qmllint look the types up there.
+        OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/qml/Tamsel/${uri}"
         SOURCES ${ARG_SOURCES})
     target_link_libraries(tamsel_${name} PUBLIC ${ARG_LINK} PRIVATE tamsel_options)
     target_include_directories(tamsel_${name} PUBLIC "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
