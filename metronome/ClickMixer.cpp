@@ -30,7 +30,8 @@ bool ClickMixer::order(const SoundBuffer& sound, qint64 sampleTime, Timeline tim
 }
 
 bool ClickMixer::orderNow(const SoundBuffer& sound) {
-    return pushOrder({&sound, 0, noTimeline});
+    // Half of the room stays free for the clicks.
+    return m_waiting < capacity / 2 && pushOrder({&sound, 0, noTimeline});
 }
 
 void ClickMixer::play(Timeline timeline) {

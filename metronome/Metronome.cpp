@@ -40,8 +40,9 @@ Metronome::Metronome(AudioOutput& output, AudioSession& session)
       m_soundBufferHigh(makeClickBuffer(m_format, highFrequencyHz)),
       m_soundBufferLow(makeClickBuffer(m_format, lowFrequencyHz)), m_alert(makeAlertBuffer(m_format)),
       m_bufferSampleRate(m_format.sampleRate), m_callbacksSyncQueue("Metronome") {
-    m_output.attach(m_callbacksSyncQueue, [this] { beatFinished(); });
+    // First, as an output that is attached may reach for the sound server, which then learns what the session says.
     setUpSession(session);
+    m_output.attach(m_callbacksSyncQueue, [this] { beatFinished(); });
     setTempo(initialBPM);
 }
 
