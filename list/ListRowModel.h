@@ -19,7 +19,7 @@ class ListRowModel final : public QAbstractListModel {
 public:
     enum Role { IdentifierRole = Qt::UserRole + 1, NameRole, DetailRole, DurationTextRole };
 
-    using QAbstractListModel::QAbstractListModel;
+    explicit ListRowModel(QObject* parent) : QAbstractListModel(parent) {}
 
     int count() const { return static_cast<int>(m_rows.size()); }
     const QList<ListRow>& rows() const { return m_rows; }

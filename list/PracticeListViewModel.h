@@ -79,8 +79,8 @@ private:
     // Behind the rows, in their order.
     QList<PracticeSession> m_dailyLogSessions;
     QList<Exercise> m_exercises;
-    ListRowModel m_dailyLogRows;
-    ListRowModel m_exerciseRows;
+    ListRowModel m_dailyLogRows{this};
+    ListRowModel m_exerciseRows{this};
     QString m_dailyLogTitle;
     bool m_addExerciseAlertIsPresented = false;
     QString m_addExerciseAlertTextFieldText;

@@ -86,19 +86,15 @@ void History::save() {
 }
 
 void History::renameExercise(const QString& oldName, const QString& newName, std::function<void()> completion) {
-    rename(oldName, newName, std::move(completion));
-}
-
-void History::rename(const QString& oldName, const QString& newName, std::function<void()> completion) {
-    const auto finish = [self = std::weak_ptr(m_self), generation = m_generation, oldName, newName,
-                         completion = std::move(completion)](const QList<HistoryEvent>& rebuilt) mutable {
+    auto finish = [self = std::weak_ptr(m_self), generation = m_generation, oldName, newName,
+                   completion = std::move(completion)](const QList<HistoryEvent>& rebuilt) mutable {
         const auto history = self.lock();
         if (!history)
             return;
         History& store = **history;
         if (store.m_generation != generation) {
             // The list was replaced meanwhile: what was computed is about another list.
-            store.rename(oldName, newName, std::move(completion));
+            store.renameExercise(oldName, newName, std::move(completion));
             return;
         }
         // What was recorded meanwhile stands behind the rest.
@@ -112,7 +108,7 @@ void History::rename(const QString& oldName, const QString& newName, std::functi
         if (completion)
             completion();
     };
-    m_queue->async([&mainQueue = m_mainQueue, events = m_events, oldName, newName, finish] {
+    m_queue->async([&mainQueue = m_mainQueue, events = m_events, oldName, newName, finish = std::move(finish)] {
         mainQueue.async([finish, rebuilt = renamed(events, 0, oldName, newName)]() mutable { finish(rebuilt); });
     });
 }

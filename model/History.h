@@ -45,7 +45,6 @@ public:
 private:
     void append(const HistoryEvent& event);
     void save();
-    void rename(const QString& oldName, const QString& newName, std::function<void()> completion);
 
     DailyLog& m_dailyLog;
     SettingsStore& m_userDefaults;
