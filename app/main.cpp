@@ -10,9 +10,11 @@
 #include "platform/Log.h"
 #include "platform/MainQueue.h"
 #include "platform/TerminationSignals.h"
+#include "ui/Appearance.h"
 #include "ui/Ui.h"
 
 #include <QCommandLineParser>
+#include <QDir>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
@@ -108,9 +110,9 @@ int run(QGuiApplication& application) {
     }
     if (!lock)
         return refuse(QStringLiteral("Cannot write to the folder %1").arg(choice.folder));
-    auto store = SqliteSettingsStore::open(choice.folder, choice.suite);
-    if (!store)
-        return refuse(store.error());
+    const auto opened = SqliteSettingsStore::open(choice.folder, choice.suite);
+    if (!opened.store)
+        return refuse(opened.failure);
 
     std::unique_ptr<TourAudio> tourAudio;
     std::unique_ptr<DeviceOutput> device;
@@ -120,7 +122,7 @@ int run(QGuiApplication& application) {
         device = std::make_unique<DeviceOutput>();
     AudioOutput& audioOutput = tourAudio ? tourAudio->output() : static_cast<AudioOutput&>(*device);
     SystemAudioSession audioSession;
-    App app(**store, platform, audioOutput, audioSession,
+    App app(*opened.store, platform, audioOutput, audioSession,
             options.acceleratedTime ? PracticeViewModel::acceleratedTimeFactor : 1);
 
     QQmlApplicationEngine engine;
@@ -142,8 +144,9 @@ int run(QGuiApplication& application) {
 
     std::unique_ptr<Tour> tour;
     if (options.tourFolder) {
-        tour = std::make_unique<Tour>(*window, app, *tourAudio, *options.tourFolder, options.tourStage);
-        mainQueue.async([&tour] { QGuiApplication::exit(tour->take()); });
+        auto* const appearance = engine.singletonInstance<Appearance*>(qmlTypeId("Tamsel.Ui", 1, 0, "Appearance"));
+        tour = std::make_unique<Tour>(*window, *appearance, app, *tourAudio, *options.tourFolder);
+        mainQueue.async([&] { QGuiApplication::exit(tour->take(options.tourStage) ? 0 : exitRefused); });
     }
     return QGuiApplication::exec();
 }
