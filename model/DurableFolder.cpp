@@ -16,8 +16,8 @@ namespace {
 
 constexpr mode_t ownerOnly = 0700;
 
-std::optional<QString> reason(int error) {
-    return error == 0 ? std::nullopt : std::optional(qt_error_string(error));
+QString reason(const char* failing, int error) {
+    return QStringLiteral("its folder cannot be %1 (%2)").arg(QLatin1String(failing), qt_error_string(error));
 }
 
 // The error number; 0 when the folder is there.
@@ -47,15 +47,19 @@ int sync(const QString& path) {
 
 } // namespace
 
-std::optional<QString> makeFolder(const QString& path) {
-    return reason(make(QDir(path).absolutePath()));
+std::optional<QString> makeWritableFolder(const QString& path) {
+    if (const int error = make(QDir(path).absolutePath()); error != 0)
+        return reason("made", error);
+    if (::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK | X_OK, AT_EACCESS) != 0)
+        return reason("written", errno);
+    return std::nullopt;
 }
 
 std::optional<QString> syncFolder(const QString& path) {
     // Up to the root: an earlier run may have made any of these and ended before it could do this.
     for (QString folder = QDir(path).absolutePath();; folder = QFileInfo(folder).path()) {
         if (const int error = sync(folder); error != 0)
-            return reason(error);
+            return reason("synced", error);
         if (QDir(folder).isRoot())
             return std::nullopt;
     }

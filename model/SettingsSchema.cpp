@@ -54,9 +54,9 @@ constexpr auto countDamagedEntries = R"(
         WHERE chunk.id BETWEEN entry.id * 4294967296 AND entry.id * 4294967296 + 4294967295)
 )";
 
-// SQLite deletes a log that it finds next to a missing or empty file, and with it whatever had not moved over yet.
-bool hasOrphanedLog(const QString& path) {
-    return QFileInfo(path).size() == 0 && QFileInfo(path + QStringLiteral("-wal")).size() > 0;
+// Whether changes may lie in the write-ahead log that have not moved over to the file.
+bool hasLog(const QString& path) {
+    return QFileInfo(path + QStringLiteral("-wal")).size() > 0;
 }
 
 bool recognise(SqliteDatabase& database, bool& fresh) {
@@ -94,24 +94,30 @@ bool create(SqliteDatabase& database, const QString& path) {
     return !reason || database.fail(*reason);
 }
 
-bool isWhole(SqliteDatabase& database) {
+bool isWhole(SqliteDatabase& database, const QString& path) {
+    const auto pages = database.integer("PRAGMA page_count");
+    const auto pageSize = database.integer("PRAGMA page_size");
     const auto damaged = database.integer(countDamagedEntries);
-    if (!damaged)
+    if (!pages || !pageSize || !damaged)
         return false;
+    // SQLite itself finds whole pages missing, but reads zeros where the last one is cut off.
+    if (QFileInfo(path).size() < *pages * *pageSize && !hasLog(path))
+        return database.fail(QStringLiteral("its end is cut off"));
     return *damaged == 0 || database.fail(QStringLiteral("parts of %1 values are missing").arg(*damaged));
 }
 
 } // namespace
 
 bool openSettingsDatabase(SqliteDatabase& database, const QString& path) {
-    if (hasOrphanedLog(path))
+    // SQLite would delete the log, and with it whatever had not moved over yet.
+    if (QFileInfo(path).size() == 0 && hasLog(path))
         return database.fail(QStringLiteral("it is missing or empty, but its write-ahead log is there"));
     bool fresh = false;
     if (!database.open(path) || !database.execute(connectionPragmas) || !recognise(database, fresh))
         return false;
     if (database.isReadOnly())
         return database.fail(QStringLiteral("it is read-only"));
-    if (!useLog(database) || (fresh && !create(database, path)) || !isWhole(database))
+    if (!useLog(database) || (fresh && !create(database, path)) || !isWhole(database, path))
         return false;
     database.checkpointOnClose();
     return true;

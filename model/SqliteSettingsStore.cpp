@@ -33,8 +33,8 @@ SqliteSettingsStore::Opened SqliteSettingsStore::open(const QString& folder, con
     const auto failed = [&path](const QString& reason) {
         return Opened{nullptr, QStringLiteral("Unable to open %1: %2").arg(path, reason)};
     };
-    if (const auto reason = makeFolder(folder))
-        return failed(QStringLiteral("its folder cannot be made (%1)").arg(*reason));
+    if (const auto reason = makeWritableFolder(folder))
+        return failed(*reason);
     auto file = std::make_unique<SettingsFile>();
     if (!file->open(path))
         return failed(file->error());
