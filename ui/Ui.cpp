@@ -1,0 +1,27 @@
+#include "ui/Ui.h"
+
+#include "ui/IconProvider.h"
+#include "ui/ShadowProvider.h"
+
+#include <QFont>
+#include <QGuiApplication>
+#include <QQmlEngine>
+
+// Made by the build; naming it keeps the linker from leaving the module's types out.
+void qml_register_types_Tamsel_Ui(); // NOLINT(readability-identifier-naming)
+
+namespace tamsel::ui {
+
+void registerWith(QQmlEngine& engine) {
+    [[maybe_unused]] void (*const volatile types)() = &qml_register_types_Tamsel_Ui;
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    // The engine owns and deletes them.
+    engine.addImageProvider(QStringLiteral("tamsel-shadow"), new ShadowProvider);
+    engine.addImageProvider(QStringLiteral("tamsel-icon"), new IconProvider);
+
+    QFont font = QGuiApplication::font();
+    font.setFamily(QStringLiteral("Inter"));
+    QGuiApplication::setFont(font);
+}
+
+} // namespace tamsel::ui

@@ -1,0 +1,86 @@
+import QtQuick
+import Tamsel.Ui
+
+// One row of a section's card: a name, a line of detail below it and a text at the end. The card itself is drawn by the
+// section; all but the last row draw the line that parts them from the next.
+BaseButton {
+    id: row
+
+    // Required, so that a view fills it from its model's role of that name.
+    required property string detail
+    property string trailing
+    property bool last: false
+
+    implicitHeight: heightFor(Theme.textScale)
+    leftPadding: Theme.mediumSpacing
+    rightPadding: Theme.mediumSpacing
+    focusRadius: Theme.fieldRadius
+    focusGap: -3
+    Accessible.role: Accessible.ListItem
+    Accessible.description: trailing === "" ? detail : detail + ", " + trailing
+
+    // Every row has the same height, which lets a list of thousands know where each lies without making it.
+    function heightFor(textScale: real): int {
+        return Math.round(Math.max(Theme.touchTarget, 54 * textScale));
+    }
+
+    background: Item {
+        Rectangle {
+            visible: row.down
+            anchors.fill: parent
+            anchors.margins: Theme.tightSpacing
+            radius: Theme.fieldRadius
+            color: Theme.pressedRow
+        }
+
+        Rectangle {
+            visible: !row.last
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            height: Theme.hairline
+            color: Theme.separator
+        }
+    }
+
+    Item {
+        anchors.fill: parent
+        anchors.leftMargin: row.leftPadding
+        anchors.rightMargin: row.rightPadding
+        anchors.topMargin: row.topPadding
+        anchors.bottomMargin: row.bottomPadding
+
+        Column {
+            anchors.left: parent.left
+            anchors.right: amount.left
+            anchors.rightMargin: Theme.spacing
+            anchors.verticalCenter: parent.verticalCenter
+            spacing: 1
+
+            TextLabel {
+                width: parent.width
+                text: row.text
+                Accessible.ignored: true
+            }
+
+            TextLabel {
+                width: parent.width
+                visible: text !== ""
+                kind: TextLabel.Caption
+                font.weight: Font.Normal
+                text: row.detail
+                Accessible.ignored: true
+            }
+        }
+
+        TextLabel {
+            id: amount
+
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            kind: TextLabel.Secondary
+            text: row.trailing
+            Accessible.ignored: true
+        }
+    }
+}

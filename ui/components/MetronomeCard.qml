@@ -1,0 +1,167 @@
+import QtQuick
+import Tamsel.Metronome
+import Tamsel.Ui
+
+// The metronome as the main thing of a screen, to be read and hit from a music stand: the tempo in huge figures between
+// minus and plus, play between the bookmarks below and above, and the beats. The figures grow with the card.
+Item {
+    id: card
+
+    required property MetronomeViewModel metronome
+    property string caption
+
+    readonly property int edge: width < 340 ? Theme.spacing : Theme.mediumSpacing + 2
+    readonly property int figureRoom: width - 2 * (edge + Theme.largeButton + Theme.spacing)
+    // In a wide and high card the figures are larger than the usual size; never larger than there is room for.
+    readonly property int figureSize: Math.max(Theme.tempoSize, Math.min(figureRoom * 0.5, height * 0.36, 200))
+    readonly property int spareHeight: Math.max(0, height - implicitHeight)
+
+    implicitHeight: body.implicitHeight + 2 * Theme.mediumSpacing + 4
+
+    Surface {
+        anchors.fill: parent
+        radius: Theme.heroRadius
+    }
+
+    // The visual bell: on with one click, off with the next. Never a motion.
+    Rectangle {
+        objectName: "visual_bell"
+        anchors.fill: parent
+        radius: Theme.heroRadius
+        visible: card.metronome.isVisualBellOn
+        color: Theme.reducedMotion ? "transparent" : Theme.bellHaze
+        border.width: 3
+        border.color: Theme.bell
+    }
+
+    Item {
+        id: body
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: card.edge
+        anchors.rightMargin: card.edge
+        anchors.verticalCenter: parent.verticalCenter
+        implicitHeight: top.height + below.height + beats.height + 2 * Theme.mediumSpacing
+        height: implicitHeight + Math.min(card.spareHeight, 2 * Theme.hugeSpacing)
+
+        Item {
+            id: top
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            height: figures.height + words.height
+
+            RoundButton {
+                objectName: "minus button"
+                anchors.left: parent.left
+                anchors.verticalCenter: figures.verticalCenter
+                text: "minus button"
+                iconName: "minus"
+                size: RoundButton.Large
+                hasLongPress: true
+                longPressText: "Long press for a big step"
+                onClicked: card.metronome.minusTapped()
+                onLongPressed: card.metronome.minusLongPressed()
+            }
+
+            TempoField {
+                id: figures
+
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: card.figureRoom
+                height: Math.max(Theme.largeButton, Math.round(implicitHeight))
+                pixelSize: card.figureSize
+                metronome: card.metronome
+            }
+
+            TextLabel {
+                id: words
+
+                anchors.top: figures.bottom
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: Math.min(implicitWidth, parent.width)
+                kind: TextLabel.Caption
+                font.letterSpacing: 0.6
+                text: card.caption
+            }
+
+            RoundButton {
+                objectName: "plus button"
+                anchors.right: parent.right
+                anchors.verticalCenter: figures.verticalCenter
+                text: "plus button"
+                iconName: "plus"
+                size: RoundButton.Large
+                hasLongPress: true
+                longPressText: "Long press for a big step"
+                onClicked: card.metronome.plusTapped()
+                onLongPressed: card.metronome.plusLongPressed()
+            }
+        }
+
+        Item {
+            id: below
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.leftMargin: (Theme.largeButton - Theme.regularButton) / 2
+            anchors.rightMargin: anchors.leftMargin
+            y: Math.round((top.height + parent.height - beats.height - height) / 2)
+            height: Theme.extraLargeButton
+
+            RoundButton {
+                objectName: "down button"
+                anchors.left: parent.left
+                anchors.verticalCenter: parent.verticalCenter
+                text: "down button"
+                iconName: "chevron-down"
+                dimmed: !card.metronome.canStepDown
+                onClicked: card.metronome.downTapped()
+            }
+
+            // The ring that play sits in.
+            Rectangle {
+                anchors.centerIn: play
+                width: play.width + 12
+                height: width
+                radius: width / 2
+                visible: card.metronome.isPlaying
+                color: Theme.accentHaze
+            }
+
+            RoundButton {
+                id: play
+
+                objectName: "play pause button"
+                anchors.centerIn: parent
+                text: "play pause button"
+                iconName: card.metronome.isPlaying ? "pause" : "play"
+                size: RoundButton.ExtraLarge
+                prominent: true
+                bellOn: card.metronome.isVisualBellOn
+                Accessible.description: card.metronome.isPlaying ? "playing" : "stopped"
+                onClicked: card.metronome.playPauseTapped()
+            }
+
+            RoundButton {
+                objectName: "up button"
+                anchors.right: parent.right
+                anchors.verticalCenter: parent.verticalCenter
+                text: "up button"
+                iconName: "chevron-up"
+                dimmed: !card.metronome.canStepUp
+                onClicked: card.metronome.upTapped()
+            }
+        }
+
+        BeatIndicator {
+            id: beats
+
+            anchors.horizontalCenter: parent.horizontalCenter
+            anchors.bottom: parent.bottom
+            count: card.metronome.beatIndicatorCount
+            current: card.metronome.beatIndicatorIndex
+        }
+    }
+}

@@ -1,0 +1,60 @@
+import QtQuick
+import Tamsel.Ui
+
+// One tab of the TabBar. The selected one is told by its bold title and by the hollow around its icon.
+BaseButton {
+    id: tab
+
+    property string iconName
+    property bool selected: false
+
+    readonly property color ink: selected ? Theme.accent : Theme.secondaryText
+
+    implicitHeight: Theme.tabIcon + 3 * Theme.smallSpacing + title.implicitHeight
+    focusRadius: Theme.fieldRadius
+    focusGap: -4
+    Accessible.role: Accessible.PageTab
+    Accessible.selectable: true
+    Accessible.selected: selected
+
+    Item {
+        anchors.fill: parent
+        anchors.leftMargin: tab.leftPadding
+        anchors.rightMargin: tab.rightPadding
+        anchors.topMargin: tab.topPadding
+        anchors.bottomMargin: tab.bottomPadding
+
+        Surface {
+            id: hollow
+
+            anchors.horizontalCenter: parent.horizontalCenter
+            y: Theme.tightSpacing
+            width: 60
+            height: Theme.tabIcon + Theme.smallSpacing
+            radius: height / 2
+            relief: tab.selected || tab.down ? Surface.Pressed : Surface.Flat
+            depth: Theme.Shallow
+
+            Icon {
+                anchors.centerIn: parent
+                name: tab.iconName
+                size: Theme.tabIcon
+                color: tab.ink
+            }
+        }
+
+        TextLabel {
+            id: title
+
+            anchors.top: hollow.bottom
+            anchors.topMargin: 2
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            kind: TextLabel.Caption
+            font.weight: tab.selected ? Font.Bold : Font.Medium
+            text: tab.text
+            color: tab.ink
+            Accessible.ignored: true
+        }
+    }
+}

@@ -1,0 +1,133 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Tamsel.App
+import Tamsel.List
+import Tamsel.Ui
+
+// The one window: three tabs, and whatever was opened in them.
+Window {
+    id: window
+
+    required property ContentViewModel content
+
+    readonly property TabViewModel tabs: content.tabViewModel
+    readonly property PracticeNavigationStackViewModel navigation: tabs.practiceNavigationStack
+    readonly property int tab: tabs.selectedTabIndex
+    // In a low or very wide window the tabs stand beside the screen and leave it the height.
+    readonly property bool rail: width > height && (height < 560 || width >= 1000)
+    // An opened practice screen has the window to itself.
+    readonly property bool tabsShown: tab !== 0 || navigation.practiceViewModel === null
+    readonly property int railWidth: rail && tabsShown ? tabBar.implicitWidth : 0
+    readonly property int footHeight: !rail && tabsShown ? tabBar.implicitHeight : 0
+
+    title: "Tamsel"
+    width: 390
+    height: 844
+    minimumWidth: 320
+    minimumHeight: 320
+    color: Theme.ground
+    visible: true
+
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
+
+    onTabChanged: showTab()
+    Component.onCompleted: showTab()
+    onClosing: content.leave()
+
+    function showTab() {
+        if (tab === 0)
+            practice.takeFocus();
+        else if (tab === 1)
+            history.forceActiveFocus(Qt.OtherFocusReason);
+        else
+            thanks.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    Binding {
+        target: Appearance
+        property: "devicePixelRatio"
+        value: window.Screen.devicePixelRatio
+    }
+
+    Shortcut {
+        sequence: "Ctrl+1"
+        onActivated: window.tabs.selectedTabIndex = 0
+    }
+
+    Shortcut {
+        sequence: "Ctrl+2"
+        onActivated: window.tabs.selectedTabIndex = 1
+    }
+
+    Shortcut {
+        sequence: "Ctrl+3"
+        onActivated: window.tabs.selectedTabIndex = 2
+    }
+
+    Shortcut {
+        sequence: "Ctrl+Q"
+        onActivated: window.close()
+    }
+
+    Banner {
+        id: banner
+
+        objectName: "storage_warning"
+        width: parent.width
+        text: window.content.storageWarning
+    }
+
+    Item {
+        id: area
+
+        x: window.LayoutMirroring.enabled ? 0 : window.railWidth
+        y: banner.height
+        width: parent.width - window.railWidth
+        height: parent.height - y - window.footHeight
+
+        PracticeStack {
+            id: practice
+
+            anchors.fill: parent
+            visible: window.tab === 0
+            navigation: window.navigation
+        }
+
+        Loader {
+            id: history
+
+            anchors.fill: parent
+            visible: window.tab === 1
+            active: visible || item !== null
+            sourceComponent: HistoryScreen {
+                focus: true
+                onPracticeRequested: window.tabs.selectedTabIndex = 0
+            }
+        }
+
+        Loader {
+            id: thanks
+
+            anchors.fill: parent
+            visible: window.tab === 2
+            active: visible || item !== null
+            sourceComponent: ThanksScreen {
+                focus: true
+            }
+        }
+    }
+
+    TabBar {
+        id: tabBar
+
+        x: window.rail && window.LayoutMirroring.enabled ? parent.width - width : 0
+        y: window.rail ? banner.height : parent.height - height
+        width: window.rail ? implicitWidth : parent.width
+        height: window.rail ? parent.height - banner.height : implicitHeight
+        visible: window.tabsShown
+        vertical: window.rail
+        tabs: window.tabs
+    }
+}

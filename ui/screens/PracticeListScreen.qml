@@ -1,0 +1,161 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Tamsel.List
+import Tamsel.Ui
+
+// The first screen: what was practised today, all items, and the metronome at hand.
+FocusScope {
+    id: screen
+
+    required property PracticeListViewModel list
+
+    readonly property int margin: Math.max(Theme.screenMargin, Math.floor((width - Theme.contentWidth) / 2))
+    readonly property int columnWidth: width - 2 * margin
+    readonly property bool isEmpty: list.exerciseRows.count === 0 && list.dailyLogRows.count === 0
+
+    // Up and Down lead through today's log and the items; among the items the ListView moves by itself.
+    function moveFocus(forward: bool) {
+        const focused = screen.Window.activeFocusItem;
+        const from = focused && focused !== screen ? focused : title;
+        const next = from.nextItemInFocusChain(forward);
+        if (next)
+            next.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    Component.onCompleted: {
+        if (visible)
+            list.onAppear();
+    }
+    onVisibleChanged: {
+        if (visible)
+            list.onAppear();
+    }
+
+    Keys.onSpacePressed: event => {
+        if (!event.isAutoRepeat)
+            screen.list.metronomeViewModel.playPauseTapped();
+    }
+    Keys.onDownPressed: moveFocus(true)
+    Keys.onUpPressed: moveFocus(false)
+
+    Shortcut {
+        enabled: screen.visible
+        sequence: "Ctrl+N"
+        onActivated: screen.list.addTapped()
+    }
+
+    TapHandler {
+        onTapped: screen.forceActiveFocus(Qt.OtherFocusReason)
+    }
+
+    ScreenTitle {
+        id: title
+
+        x: screen.margin
+        width: screen.columnWidth
+        text: "Practice"
+
+        RoundButton {
+            objectName: "add_item_button"
+            text: "add item"
+            iconName: "docBadgePlus"
+            size: RoundButton.Small
+            prominent: true
+            onClicked: screen.list.addTapped()
+        }
+    }
+
+    ListView {
+        id: items
+
+        readonly property PracticeListHeader titles: headerItem as PracticeListHeader
+        readonly property real rowsTop: originY + (titles ? titles.height : 0)
+
+        objectName: "exercise_list"
+        anchors.top: title.bottom
+        anchors.bottom: bar.top
+        anchors.bottomMargin: Theme.smallSpacing
+        width: parent.width
+        clip: true
+        visible: !screen.isEmpty
+        model: titles && titles.itemsExpanded ? screen.list.exerciseRows : null
+        bottomMargin: Theme.hugeSpacing
+        boundsBehavior: Flickable.StopAtBounds
+        reuseItems: true
+        currentIndex: 0
+        highlightMoveDuration: Theme.transition
+
+        header: PracticeListHeader {
+            width: items.width
+            margin: screen.margin
+            list: screen.list
+        }
+
+        delegate: ListRow {
+            required property int index
+            required property string identifier
+            required property string name
+            required property string durationText
+
+            objectName: identifier
+            x: screen.margin
+            width: screen.columnWidth
+            text: name
+            trailing: durationText
+            last: index === items.count - 1
+            activeFocusOnTab: ListView.isCurrentItem
+            onClicked: screen.list.openExercise(index)
+        }
+
+        // The card that the rows lie on.
+        Surface {
+            parent: items.contentItem
+            visible: items.count > 0
+            z: -1
+            x: screen.margin
+            y: items.rowsTop
+            width: screen.columnWidth
+            height: items.originY + items.contentHeight - y
+        }
+    }
+
+    EmptyState {
+        anchors.centerIn: items
+        width: Math.min(screen.columnWidth, 320)
+        visible: screen.isEmpty
+        iconName: "musicNoteList"
+        title: "Nothing to practise yet"
+        explanation: "Add the pieces, scales and studies that you work on. Tamsel keeps the time you spend on each."
+        actionText: "Add practice item"
+        actionIdentifier: "add_first_item_button"
+        onAction: screen.list.addTapped()
+    }
+
+    EdgeFade {
+        anchors.bottom: items.bottom
+        width: parent.width
+        visible: items.visible && !items.atYEnd
+    }
+
+    EdgeFade {
+        anchors.top: items.top
+        width: parent.width
+        visible: items.visible && !items.atYBeginning
+        atTop: true
+    }
+
+    MetronomeBar {
+        id: bar
+
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Theme.mediumSpacing
+        x: screen.margin
+        width: screen.columnWidth
+        metronome: screen.list.metronomeViewModel
+    }
+
+    AddItemDialog {
+        list: screen.list
+    }
+}

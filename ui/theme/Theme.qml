@@ -1,0 +1,109 @@
+pragma Singleton
+
+import QtQuick
+import Tamsel.Ui
+
+// Every colour, radius, distance, duration and type size of Tamsel, once. Lengths are in units of layout.
+QtObject {
+    id: theme
+
+    readonly property bool dark: Appearance.dark
+    readonly property bool reducedMotion: Appearance.reducedMotion
+    readonly property real textScale: Appearance.textScale
+    readonly property real devicePixelRatio: Appearance.devicePixelRatio
+
+    // Colours. Text on the ground keeps 4.5 : 1 in both schemes, and what is 24 or larger 3 : 1.
+    readonly property color ground: dark ? "#22262f" : "#e9edf3"
+    readonly property color text: dark ? "#edeff5" : "#252b39"
+    readonly property color secondaryText: dark ? "#a3acc0" : "#5a6478"
+    readonly property color accent: dark ? "#98a2ff" : "#4a55c9"
+    readonly property color accentPressed: dark ? "#858fe8" : "#3f49b0"
+    readonly property color onAccent: dark ? "#22262f" : "#ffffff"
+    readonly property color secondAccent: dark ? "#f0a06a" : "#e07a3f"
+    readonly property color thumbsUp: dark ? "#55b878" : "#35894f"
+    readonly property color thumbsDown: dark ? "#e27368" : "#c8574b"
+    readonly property color destructive: dark ? "#f08b81" : "#b23c30"
+    readonly property color separator: dark ? "#363c48" : "#d0d7e2"
+    readonly property color track: dark ? "#39404d" : "#d0d7e2"
+    readonly property color idleDot: dark ? "#7d869a" : "#858ea1"
+    readonly property color pressedRow: dark ? "#2b303b" : "#dde3ec"
+    readonly property color accentHaze: dark ? "#2e98a2ff" : "#244a55c9"
+    readonly property color bell: dark ? "#f0a06a" : "#e07a3f"
+    readonly property color bellHaze: dark ? "#1ff0a06a" : "#1fe07a3f"
+    readonly property color warningGround: dark ? "#4a3524" : "#fbe3d2"
+    readonly property color onWarning: dark ? "#ffd9bd" : "#6b3413"
+    readonly property color clearGround: dark ? "#0022262f" : "#00e9edf3"
+    readonly property color scrim: dark ? "#99000000" : "#59252b39"
+    readonly property color shadow: dark ? "#73000000" : "#8c9eacc4"
+    readonly property color light: dark ? "#0effffff" : "#f2ffffff"
+
+    readonly property real disabledOpacity: 0.45
+
+    // Corners
+    readonly property int heroRadius: 28
+    readonly property int cardRadius: 20
+    readonly property int fieldRadius: 14
+
+    // Distances
+    readonly property int hairline: 1
+    readonly property int tightSpacing: 4
+    readonly property int smallSpacing: 8
+    readonly property int spacing: 12
+    readonly property int mediumSpacing: 16
+    readonly property int largeSpacing: 20
+    readonly property int hugeSpacing: 32
+    readonly property int screenMargin: 20
+    readonly property int focusRingWidth: 2
+
+    // Sizes
+    readonly property int touchTarget: 44
+    readonly property int smallButton: 44
+    readonly property int regularButton: 52
+    readonly property int largeButton: 64
+    readonly property int extraLargeButton: 104
+    readonly property int smallIcon: 16
+    readonly property int icon: 20
+    readonly property int tabIcon: 24
+    readonly property int largeIcon: 32
+    readonly property int hugeIcon: 56
+    // A column of text and cards is not wider than this, however wide the window.
+    readonly property int contentWidth: 560
+    // From this width on, a screen has room for two columns.
+    readonly property int twoColumnWidth: 700
+    readonly property int dialogWidth: 340
+
+    // Type, before the system's text size is applied
+    readonly property string fontFamily: "Inter"
+    readonly property int tempoSize: scaled(84)
+    readonly property int clockSize: scaled(38)
+    readonly property int titleSize: scaled(30)
+    readonly property int numberSize: scaled(28)
+    readonly property int headingSize: scaled(20)
+    readonly property int bodySize: scaled(17)
+    readonly property int secondarySize: scaled(15)
+    readonly property int captionSize: scaled(13)
+    // Both in the order of TextLabel.Kind.
+    readonly property var labelSizes: [titleSize, headingSize, bodySize, bodySize, secondarySize, secondarySize,
+                                       captionSize]
+    readonly property var labelWeights: [Font.Bold, Font.DemiBold, Font.Normal, Font.DemiBold, Font.Normal,
+                                         Font.DemiBold, Font.Medium]
+
+    // Durations in milliseconds; nothing moves where the system asks for it.
+    readonly property int transition: reducedMotion ? 0 : 180
+
+    // How far a shadow of each depth is moved away, and how far it fades.
+    enum Depth { Shallow, Middle, Deep }
+    readonly property var shadowOffsets: [3, 5, 7]
+    readonly property var shadowBlurs: [8, 12, 16]
+
+    readonly property string shadowColors: hex(shadow) + "/" + hex(light) + "/" + devicePixelRatio
+
+    function scaled(size: int): int {
+        return Math.round(size * theme.textScale);
+    }
+
+    // The colour as the picture providers read it.
+    function hex(color: color): string {
+        return color.toString().substring(1);
+    }
+}
