@@ -172,6 +172,19 @@ void execute(const QString& path, const char* sql) {
     StockTool(path).run(sql);
 }
 
+// The statement's effect lies in a write-ahead log, as a program that was killed leaves it.
+void executeIntoLog(const QString& path, const char* sql) {
+    const QByteArray file = contents(path);
+    QByteArray log;
+    {
+        StockTool tool(path);
+        tool.run(sql);
+        log = contents(path + QStringLiteral("-wal"));
+    }
+    setContents(path, file);
+    setContents(path + QStringLiteral("-wal"), log);
+}
+
 void setByte(const QString& path, qsizetype offset, char byte) {
     QByteArray bytes = contents(path);
     bytes[offset] = byte;
@@ -203,6 +216,8 @@ const Damage damages[] = {
      "it is not a settings file of Tamsel"},
     {"a newer format", [](const QString& path) { execute(path, "PRAGMA user_version = 2"); },
      "its format is 2, and this version of Tamsel knows 1 only"},
+    {"a newer format in a log", [](const QString& path) { executeIntoLog(path, "PRAGMA user_version = 3"); },
+     "its format is 3, and this version of Tamsel knows 1 only"},
     {"a log without its file",
      [](const QString& path) {
          setContents(path + QStringLiteral("-wal"), QByteArray(9000, 'w'));
@@ -254,6 +269,21 @@ TEST_F(SettingsFileTest, DamageThatShowsOnlyWhenItIsReadStopsTheProgram) {
                  start + "\"a\" from .*standard.sqlite: the array's text is not one");
     execute(path(), "UPDATE entry SET chunks = 1000000000000 WHERE key = 'history.events'");
     EXPECT_DEATH(store->data(history), start + ".*: parts of the value are missing");
+}
+
+TEST_F(SettingsFileTest, DamageInTheWayOfAChangeIsNamedAndEndsWithTheNextWholeDocument) {
+    const test::LogCapture console;
+    open()->setData(history, QByteArray(100 * chunk, 'h'));
+    execute(path(), "UPDATE chunk SET bytes = substr(bytes, 2) WHERE (id & 4294967295) = 50");
+    const auto store = open();
+    store->replaceTail(history, 50 * chunk + 1, "]");
+    const auto failure =
+        QStringLiteral("Unable to save \"history.events\" to %1: a part has the wrong length").arg(path());
+    EXPECT_EQ(store->writeFailure(), failure);
+    EXPECT_EQ(console.lines(), QStringList(failure));
+    store->setData(history, QByteArray(90 * chunk, 'h'));
+    EXPECT_EQ(store->writeFailure(), std::nullopt);
+    EXPECT_EQ(open()->data(history), QByteArray(90 * chunk, 'h'));
 }
 
 TEST_F(SettingsFileTest, AFailingReadStopsTheProgramInsteadOfPassingForAnAbsentValue) {

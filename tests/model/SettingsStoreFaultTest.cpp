@@ -17,6 +17,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <ostream>
 
 namespace tamsel {
 
@@ -63,6 +64,10 @@ struct Change {
     const char* name;
     std::function<void(SettingsStore&)> make;
 };
+
+void PrintTo(const Change& change, std::ostream* stream) {
+    *stream << change.name;
+}
 
 const Change changes[] = {
     {"a long document of which the middle and the end change",
