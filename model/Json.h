@@ -7,18 +7,24 @@
 #include "model/PracticeSession.h"
 
 #include <QByteArray>
-#include <QByteArrayView>
+#include <QLatin1String>
 #include <QList>
 #include <QString>
+#include <QStringView>
 
+#include <initializer_list>
 #include <optional>
+#include <utility>
 
 // The stored JSON documents: how records are written and read. The bytes are the format on disk and never change for
 // the same record. Pure functions, any thread.
+//
+// A record is an object with its fields as keys, in the order in which the record declares them. Dates are seconds
+// since 2001-01-01 UTC, identifiers upper-case text, an absent optional is left out. A list is an array of records.
 namespace tamsel::json {
 
 // Why a document was refused: the place and what was expected there, such as
-// "[412].practiceTime: expected integer". Places are relative to the document's root, which is written as nothing.
+// "history.events[412].practiceTime: expected integer".
 struct Error {
     QString message;
 };
@@ -41,39 +47,35 @@ private:
     Error m_error;
 };
 
-// The document of a record or of a list of records; nothing when it holds a number that JSON cannot write (a date that
-// is not finite).
-std::optional<QByteArray> encode(const Exercise& exercise);
-std::optional<QByteArray> encode(const ExerciseSettings& settings);
-std::optional<QByteArray> encode(const PracticeSession& session);
-std::optional<QByteArray> encode(const HistoryEvent& event);
-std::optional<QByteArray> encode(const Note& note);
-std::optional<QByteArray> encode(const QList<Exercise>& exercises);
-std::optional<QByteArray> encode(const QList<PracticeSession>& sessions);
-std::optional<QByteArray> encode(const QList<HistoryEvent>& events);
-std::optional<QByteArray> encode(const QList<Note>& notes);
+// What follows is defined for Exercise, ExerciseSettings, PracticeSession, HistoryEvent, Note, lists of these, and
+// qint64 (a bare number). JsonCoding.h tells how a larger record joins them.
 
-// `place` names the document in errors, such as "history.events"; it may be empty.
+// The document of a value; nothing when it holds a number that JSON cannot write (a date that is not finite).
 template <class T>
-Result<T> decode(QByteArrayView document, QStringView place = {});
+std::optional<QByteArray> encode(const T& value);
 
-template <>
-Result<Exercise> decode<Exercise>(QByteArrayView document, QStringView place);
-template <>
-Result<ExerciseSettings> decode<ExerciseSettings>(QByteArrayView document, QStringView place);
-template <>
-Result<PracticeSession> decode<PracticeSession>(QByteArrayView document, QStringView place);
-template <>
-Result<HistoryEvent> decode<HistoryEvent>(QByteArrayView document, QStringView place);
-template <>
-Result<Note> decode<Note>(QByteArrayView document, QStringView place);
-template <>
-Result<QList<Exercise>> decode<QList<Exercise>>(QByteArrayView document, QStringView place);
-template <>
-Result<QList<PracticeSession>> decode<QList<PracticeSession>>(QByteArrayView document, QStringView place);
-template <>
-Result<QList<HistoryEvent>> decode<QList<HistoryEvent>>(QByteArrayView document, QStringView place);
-template <>
-Result<QList<Note>> decode<QList<Note>>(QByteArrayView document, QStringView place);
+// Writes the document of a value behind what `document` holds, in place where the buffer has room. False when encode()
+// yields nothing; `document` is then as it was.
+template <class T>
+[[nodiscard]] bool append(QByteArray& document, const T& value);
+
+// A document whose buffer has this many bytes to spare behind its end (QByteArray::reserve) is read where it lies; any
+// other is moved or copied first.
+inline constexpr qsizetype padding = 64;
+
+// Reads a whole document. `place` names it in errors, such as "history.events"; it may be empty.
+//
+// Keys may come in any order; those that the record does not know are passed over, though what they hold must be
+// valid JSON as well. Of a key that occurs twice the last one counts, and all must be valid. An optional that is null
+// is absent. A whole number may be written with a fraction of zeros or an exponent (60.0, 6e1), which is the same
+// number to JSON. Everything else is refused: a missing key, another type, a number out of range, text that is not
+// UTF-8, anything before or behind the document, and nesting deeper than any record's.
+template <class T>
+Result<T> decode(QByteArray document, QStringView place = {});
+
+// Enumerations without payload, written as an object with the case's name as its one key: {"timer":{}}.
+QByteArray encodeCase(QLatin1String name);
+// Reads such a document as an index into `names`.
+Result<qsizetype> decodeCase(QByteArray document, std::initializer_list<QLatin1String> names, QStringView place = {});
 
 } // namespace tamsel::json

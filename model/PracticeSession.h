@@ -3,6 +3,8 @@
 #include "model/Exercise.h"
 #include "platform/Date.h"
 
+#include <QHashFunctions>
+
 #include <optional>
 
 namespace tamsel {
@@ -30,7 +32,7 @@ struct PracticeSession {
 };
 
 inline size_t qHash(const PracticeSession& session, size_t seed = 0) {
-    return qHash(session.date.secondsSinceReference, seed);
+    return qHashMulti(seed, session.date.secondsSinceReference);
 }
 
 } // namespace tamsel

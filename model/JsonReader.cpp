@@ -1,0 +1,261 @@
+#include "model/JsonReader.h"
+
+#include "model/Json.h"
+
+#include <QtEndian>
+
+#include <array>
+
+namespace tamsel::json {
+
+namespace {
+
+// Far beyond every record, far below what the stack holds.
+constexpr int deepestNesting = 100;
+
+// Reading takes about six times a document's size in memory. A journal of a century stays below a tenth of this.
+constexpr qsizetype largestDocument = qsizetype(1) << 30;
+
+// Eight hexadecimal digits, the first one lowest, as the four bytes that they stand for. Adds to `faults` where one is
+// no digit. All eight at once, a byte of the word each.
+std::uint32_t bytesOfDigits(std::uint64_t digits, std::uint64_t& faults) {
+    constexpr std::uint64_t each = 0x0101010101010101;
+    constexpr std::uint64_t high = 0x80 * each;
+
+    // The high bit tells which bytes are at least `bound`; right for bytes below 0x80.
+    const auto atLeast = [](std::uint64_t bytes, std::uint64_t bound) {
+        return (bytes & ~high) + (0x80 - bound) * each;
+    };
+    const std::uint64_t lower = digits | 0x20 * each;
+    const std::uint64_t isDigit = atLeast(digits, '0') & ~atLeast(digits, '9' + 1);
+    const std::uint64_t isLetter = atLeast(lower, 'a') & ~atLeast(lower, 'f' + 1);
+    faults |= ((isDigit | isLetter) & high) ^ high;
+    faults |= digits & high;
+    // A digit's value is in its low four bits; letters, which have bit 6 set, count from 9 there.
+    const std::uint64_t values = (digits & 0x0F * each) + 9 * (digits >> 6 & each);
+    std::uint64_t pairs = (values << 4 | values >> 8) & 0x00FF00FF00FF00FF;
+    pairs = (pairs | pairs >> 8) & 0x0000FFFF0000FFFF;
+    return static_cast<std::uint32_t>(pairs | pairs >> 16);
+}
+
+} // namespace
+
+bool reading::readUuid(std::string_view text, QUuid& target) {
+    if (text.size() != 36 || text[8] != '-' || text[13] != '-' || text[18] != '-' || text[23] != '-')
+        return false;
+    const auto four = [&text](std::size_t at) { return std::uint64_t(qFromLittleEndian<std::uint32_t>(&text[at])); };
+    std::uint64_t faults = 0;
+    const std::uint32_t first = bytesOfDigits(four(0) | four(4) << 32, faults);
+    const std::uint32_t second = bytesOfDigits(four(9) | four(14) << 32, faults);
+    const std::uint32_t third = bytesOfDigits(four(19) | four(24) << 32, faults);
+    const std::uint32_t fourth = bytesOfDigits(four(28) | four(32) << 32, faults);
+    if (faults != 0)
+        return false;
+    target.data1 = qFromBigEndian(qToLittleEndian(first));
+    target.data2 = qFromBigEndian(qToLittleEndian(static_cast<quint16>(second)));
+    target.data3 = qFromBigEndian(qToLittleEndian(static_cast<quint16>(second >> 16)));
+    qToLittleEndian(third, &target.data4[0]);
+    qToLittleEndian(fourth, &target.data4[4]);
+    return true;
+}
+
+Reader::Reader(QByteArray document) : m_bytes(std::move(document)) {
+    static_assert(padding >= static_cast<qsizetype>(simdjson::SIMDJSON_PADDING));
+    // What lies in the spare bytes does not matter, so that a shared buffer need not be copied for them.
+    if (m_bytes.data_ptr().freeSpaceAtEnd() < padding)
+        m_bytes.reserve(m_bytes.size() + padding);
+}
+
+bool Reader::start() {
+    if (m_bytes.size() > largestDocument)
+        return fail("document too large");
+    const auto size = static_cast<std::size_t>(m_bytes.size());
+    const auto error = m_parser.iterate(m_bytes.constData(), size, size + simdjson::SIMDJSON_PADDING).get(m_document);
+    return !error || refuse(error);
+}
+
+bool Reader::finish() {
+    const bool isAtEnd = m_document.current_location().error() == simdjson::OUT_OF_BOUNDS;
+    return isAtEnd || fail("unexpected content behind the document");
+}
+
+bool Reader::refuse(simdjson::error_code error) {
+    switch (error) {
+    case simdjson::EMPTY:
+        return fail("empty document");
+    case simdjson::UTF8_ERROR:
+        return fail("not UTF-8");
+    case simdjson::MEMALLOC:
+        return fail("not enough memory");
+    default:
+        return failMalformed();
+    }
+}
+
+bool Reader::fail(std::string_view expectation) {
+    m_fault = {{}, expectation};
+    return false;
+}
+
+bool Reader::failMalformed() {
+    return fail("malformed JSON");
+}
+
+bool Reader::failAt(qsizetype index) {
+    m_fault.path.prepend('[' + QByteArray::number(index) + ']');
+    return false;
+}
+
+bool Reader::failAtKey(std::string_view key) {
+    m_fault.path.prepend('.' + QByteArray(key.data(), static_cast<qsizetype>(key.size())));
+    return false;
+}
+
+void Reader::keepFirst(std::optional<FirstFault>& first, std::size_t rank) const {
+    if (!first || rank < first->rank)
+        first = {rank, m_fault};
+}
+
+void Reader::keepFirst(std::optional<FirstFault>& first, std::size_t rank, std::string_view key) {
+    failAtKey(key);
+    keepFirst(first, rank);
+}
+
+QString Reader::error(QStringView place) const {
+    QString where = place.toString() + QLatin1String(m_fault.path);
+    if (where.startsWith(QLatin1Char('.')))
+        where.remove(0, 1);
+    const QLatin1String what(m_fault.expectation.data(), static_cast<qsizetype>(m_fault.expectation.size()));
+    return where.isEmpty() ? QString(what) : where + QLatin1String(": ") + what;
+}
+
+bool Reader::readDocument(qint64& target) {
+    if (!start())
+        return false;
+    std::int64_t integer = 0;
+    if (const auto error = m_document.get_int64().get(integer)) {
+        return error == simdjson::TRAILING_CONTENT ? fail("unexpected content behind the document")
+                                                   : fail("expected integer");
+    }
+    target = integer;
+    return finish();
+}
+
+bool Reader::readCaseDocument(std::span<const std::string_view> names, std::size_t& index) {
+    Object object;
+    if (!start())
+        return false;
+    if (const auto error = m_document.get_object().get(object))
+        return error == simdjson::INCORRECT_TYPE ? fail("expected object") : refuse(error);
+    return readCase(object, names, index) && finish();
+}
+
+bool Reader::readCase(Object object, std::span<const std::string_view> names, std::size_t& index) {
+    int count = 0;
+    bool isObject = false;
+    index = names.size();
+    for (auto each : object) {
+        Field field;
+        std::optional<std::string_view> escaped;
+        if (std::move(each).get(field))
+            return failMalformed();
+        if (!unescape(field.key(), escaped))
+            return false;
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            if (reading::keyIs(field.key(), names[i]) || escaped == names[i])
+                index = i;
+        }
+        simdjson::ondemand::json_type type{};
+        isObject = !field.value().type().get(type) && type == simdjson::ondemand::json_type::object;
+        if (!skip(field.value()))
+            return false;
+        ++count;
+    }
+    if (count != 1)
+        return fail("Invalid number of keys found, expected one.");
+    if (index == names.size())
+        return fail("unknown case");
+    return isObject || fail("expected object") || failAtKey(names[index]);
+}
+
+bool Reader::unescape(Value source, std::string_view raw, std::string_view& meant) {
+    if (raw.find('\\') != std::string_view::npos)
+        return !source.get_string().get(meant) || failMalformed();
+    meant = raw;
+    return !source.get_raw_json_string().error();
+}
+
+bool Reader::makeText(Value source, std::string_view raw, QString& target) {
+    std::string_view meant;
+    if (!unescape(source, raw, meant))
+        return false;
+    target = QString::fromUtf8(meant.data(), static_cast<qsizetype>(meant.size()));
+    return true;
+}
+
+bool Reader::readEscaped(Value source, std::string_view raw, QUuid& target) {
+    std::string_view meant;
+    if (!unescape(source, raw, meant))
+        return false;
+    return reading::readUuid(meant, target) || fail("expected UUID");
+}
+
+bool Reader::unescape(RawKey key, std::optional<std::string_view>& meant) {
+    const char* end = key.raw();
+    while (*end != '"' && *end != '\\')
+        ++end;
+    if (*end == '"')
+        return true;
+    // Unescaped text is shorter, but the parser writes in strides.
+    while (*end != '"')
+        end += *end == '\\' ? 2 : 1;
+    m_key.resize(static_cast<std::size_t>(end - key.raw()) + simdjson::SIMDJSON_PADDING);
+    std::uint8_t* target = m_key.data();
+    return !m_parser.unescape(key, target).get(meant.emplace()) || failMalformed();
+}
+
+// Passes over a value that no record knows. Everything in it is looked at: the reader below would take any brackets
+// that balance.
+bool Reader::skip(Value source, int depth) {
+    using Type = simdjson::ondemand::json_type;
+
+    Type type{};
+    if (source.type().get(type))
+        return failMalformed();
+    if (depth == deepestNesting && (type == Type::array || type == Type::object))
+        return fail("nested too deeply");
+    switch (type) {
+    case Type::array: {
+        Array array;
+        return (!source.get_array().get(array) || failMalformed()) &&
+               forEachElement(array, [this, depth](Value value, qsizetype) { return skip(value, depth + 1); });
+    }
+    case Type::object: {
+        Object object;
+        if (source.get_object().get(object))
+            return failMalformed();
+        for (auto each : object) {
+            Field field;
+            std::optional<std::string_view> ignored;
+            if (std::move(each).get(field))
+                return failMalformed();
+            if (!unescape(field.key(), ignored) || !skip(field.value(), depth + 1))
+                return false;
+        }
+        return true;
+    }
+    case Type::string: {
+        std::string_view ignored;
+        return !source.get_string().get(ignored) || failMalformed();
+    }
+    case Type::number:
+        return !source.get_double().error() || failMalformed();
+    case Type::boolean:
+        return !source.get_bool().error() || failMalformed();
+    case Type::null:
+        return !source.is_null().error() || failMalformed();
+    }
+    return failMalformed();
+}
+
+} // namespace tamsel::json
