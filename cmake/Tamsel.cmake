@@ -27,9 +27,10 @@ function(tamsel_library name)
     target_include_directories(tamsel_${name} PUBLIC "${PROJECT_SOURCE_DIR}")
 endfunction()
 
-# A folder whose screen models QML reads: the same, as a QML module named Tamsel.<uri>.
+# A folder whose screen models QML reads: the same, as a QML module named Tamsel.<uri>. QML_MODULES names the modules
+# whose types its properties have.
 function(tamsel_qml_library name uri)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;QML_MODULES" ${ARGN})
     set(CMAKE_AUTOMOC ON)
     qt_add_library(tamsel_${name} STATIC)
     qt_add_qml_module(tamsel_${name}
@@ -38,6 +39,7 @@ function(tamsel_qml_library name uri)
         RESOURCE_PREFIX /qt/qml
         # One import path for all modules: the QML compiler and qmllint look the types up there.
         OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/qml/Tamsel/${uri}"
+        DEPENDENCIES ${ARG_QML_MODULES}
         SOURCES ${ARG_SOURCES})
     target_link_libraries(tamsel_${name} PUBLIC ${ARG_LINK} PRIVATE tamsel_options)
     target_include_directories(tamsel_${name} PUBLIC "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")

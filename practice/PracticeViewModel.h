@@ -22,6 +22,7 @@ namespace tamsel {
 // One entry of the timer's menu.
 struct TimerMenuOption {
     Q_GADGET
+    QML_VALUE_TYPE(timerMenuOption)
     Q_PROPERTY(int minutes MEMBER minutes FINAL)
     Q_PROPERTY(QString title MEMBER title FINAL)
     Q_PROPERTY(QString identifier MEMBER identifier FINAL)
@@ -35,6 +36,7 @@ public:
 // One of today's sessions of the item, as the screen shows it.
 struct RecentPracticeSession {
     Q_GADGET
+    QML_VALUE_TYPE(recentPracticeSession)
     Q_PROPERTY(QString title MEMBER title FINAL)
     Q_PROPERTY(QString detail MEMBER detail FINAL)
     Q_PROPERTY(QString identifier MEMBER identifier FINAL)
