@@ -2,7 +2,6 @@
 
 #include "model/ArrayText.h"
 #include "model/DataTail.h"
-#include "model/Json.h"
 #include "model/SettingsSchema.h"
 #include "model/SqliteBlob.h"
 #include "model/SqliteStatement.h"
@@ -142,8 +141,6 @@ bool SettingsFile::readData(const SqliteStatement& row, QByteArray& bytes) {
     if (chunks < 0 || (chunks > 0 && !chunk.moveTo(schema::chunkRow(entry, chunks - 1), schema::chunkBytes)))
         return m_database.fail(QStringLiteral("parts of the value are missing"));
     const qint64 size = chunks * schema::chunkBytes + end.size();
-    // With this room behind it, the reader of JSON takes it as it is.
-    bytes.reserve(size + json::padding);
     bytes.resize(size);
     char* to = bytes.data();
     for (qint64 number = 0; number < chunks; ++number, to += schema::chunkBytes) {
