@@ -46,6 +46,7 @@ struct LaunchOptions {
     bool acceleratedTime = false;
     std::optional<QString> tourFolder;
     QString tourStage;
+    bool firstFrameOnly = false;
     QStringList urls;
 };
 
@@ -62,7 +63,9 @@ LaunchOptions parse(const QGuiApplication& application) {
                             QStringLiteral("folder"));
     QCommandLineOption stage(QStringLiteral("tour-stage"), {}, QStringLiteral("stage"), QStringLiteral("practice"));
     stage.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({accelerated, tour, stage});
+    QCommandLineOption firstFrame(QStringLiteral("first-frame-only"));
+    firstFrame.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions({accelerated, tour, stage, firstFrame});
     parser.addPositionalArgument(QStringLiteral("url"), QStringLiteral("What to open."), QStringLiteral("[url…]"));
     parser.process(application);
 
@@ -71,6 +74,7 @@ LaunchOptions parse(const QGuiApplication& application) {
     if (parser.isSet(tour))
         options.tourFolder = parser.value(tour);
     options.tourStage = parser.value(stage);
+    options.firstFrameOnly = parser.isSet(firstFrame);
     options.urls = parser.positionalArguments();
     options.urls.removeAll(QStringLiteral("UI_TESTING"));
     return options;
@@ -85,6 +89,15 @@ void raise(QQuickWindow& window) {
 void open(ContentViewModel& content, const QStringList& urls) {
     for (const QString& url : urls)
         content.handleLaunchURL(QUrl::fromUserInput(url));
+}
+
+// For measuring the start: tells the moment on the monotonic clock and ends.
+void quitAfterFirstFrame(QQuickWindow& window, const Clock& clock) {
+    const auto tellAndQuit = [&clock] {
+        log(QStringLiteral("first frame at %1").arg(clock.hostTime().count()));
+        QGuiApplication::quit();
+    };
+    QObject::connect(&window, &QQuickWindow::frameSwapped, &window, tellAndQuit, Qt::QueuedConnection);
 }
 
 int run(QGuiApplication& application) {
@@ -142,6 +155,8 @@ int run(QGuiApplication& application) {
     QObject::connect(&application, &QGuiApplication::aboutToQuit, &app.content(), &ContentViewModel::leave);
     open(app.content(), options.urls);
 
+    if (options.firstFrameOnly)
+        quitAfterFirstFrame(*window, clock);
     std::unique_ptr<Tour> tour;
     if (options.tourFolder) {
         auto* const appearance = engine.singletonInstance<Appearance*>(qmlTypeId("Tamsel.Ui", 1, 0, "Appearance"));

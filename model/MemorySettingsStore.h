@@ -5,7 +5,7 @@
 namespace tamsel {
 
 // A settings store that lives as long as the object: for tests and previews. Nothing in it can fail. Main thread only.
-class MemorySettingsStore final : public SettingsStore {
+class MemorySettingsStore : public SettingsStore {
 public:
     std::optional<SettingsValue> value(const QString& key) const override;
     void set(const QString& key, SettingsValue value) override;

@@ -33,7 +33,8 @@ TEST(Checked, OverflowStopsTheProgram) {
 }
 
 TEST(FatalError, TellsItsMessageAndStops) {
-    EXPECT_EXIT(fatalError(QStringLiteral("No format")), testing::KilledBySignal(SIGABRT), "^Fatal error: No format\n$");
+    EXPECT_EXIT(fatalError(QStringLiteral("No format")), testing::KilledBySignal(SIGABRT),
+                "^Fatal error: No format\n$");
     EXPECT_EXIT(fatalError({}), testing::KilledBySignal(SIGABRT), "^Fatal error\n$");
 }
 
