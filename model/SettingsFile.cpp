@@ -140,8 +140,8 @@ bool SettingsFile::readData(const SqliteStatement& row, QByteArray& bytes) {
     // The last one first: a count that is wrong shows before memory is taken for it.
     if (chunks < 0 || (chunks > 0 && !chunk.moveTo(schema::chunkRow(entry, chunks - 1), schema::chunkBytes)))
         return m_database.fail(QStringLiteral("parts of the value are missing"));
-    const qint64 size = chunks * schema::chunkBytes + end.size();
-    bytes.resize(size);
+    // Resizing would take twice the memory, in expectation of more.
+    bytes = QByteArray(chunks * schema::chunkBytes + end.size(), Qt::Uninitialized);
     char* to = bytes.data();
     for (qint64 number = 0; number < chunks; ++number, to += schema::chunkBytes) {
         if (!chunk.moveTo(schema::chunkRow(entry, number), schema::chunkBytes) || !chunk.read(to))
