@@ -47,56 +47,60 @@ QByteArray elementText(const SettingsValue::Array& values) {
     return arrayText(values);
 }
 
-std::optional<SettingsValue> valueOf(simdjson::dom::element element);
+bool read(simdjson::dom::element element, SettingsValue& value);
 
-std::optional<SettingsValue> valueOf(simdjson::dom::array elements) {
-    SettingsValue::Array values;
+bool read(simdjson::dom::array elements, SettingsValue& value) {
+    auto& values = value.value.emplace<SettingsValue::Array>();
     for (const simdjson::dom::element element : elements) {
-        auto value = valueOf(element);
-        if (!value)
-            return std::nullopt;
-        values += *std::move(value);
+        if (!read(element, values.emplaceBack()))
+            return false;
     }
-    return SettingsValue{std::move(values)};
+    return true;
 }
 
-std::optional<SettingsValue> valueOf(simdjson::dom::object object) {
+bool read(simdjson::dom::object object, SettingsValue& value) {
     std::string_view text;
     if (object["base64"].get(text) == simdjson::SUCCESS) {
-        const auto decoded =
-            QByteArray::fromBase64Encoding(QByteArray(text.data(), static_cast<qsizetype>(text.size())));
-        return decoded ? std::optional(SettingsValue{*decoded}) : std::nullopt;
+        const auto decoded = QByteArray::fromBase64Encoding({text.data(), static_cast<qsizetype>(text.size())});
+        value.value = *decoded;
+        return decoded.decodingStatus == QByteArray::Base64DecodingStatus::Ok;
     }
     if (object["double"].get(text) != simdjson::SUCCESS)
-        return std::nullopt;
+        return false;
     if (text == notANumberText)
-        return SettingsValue{std::numeric_limits<double>::quiet_NaN()};
-    if (text == infinityText)
-        return SettingsValue{std::numeric_limits<double>::infinity()};
-    if (text == negativeInfinityText)
-        return SettingsValue{-std::numeric_limits<double>::infinity()};
-    return std::nullopt;
+        value.value = std::numeric_limits<double>::quiet_NaN();
+    else if (text == infinityText)
+        value.value = std::numeric_limits<double>::infinity();
+    else if (text == negativeInfinityText)
+        value.value = -std::numeric_limits<double>::infinity();
+    else
+        return false;
+    return true;
 }
 
-std::optional<SettingsValue> valueOf(simdjson::dom::element element) {
+bool read(simdjson::dom::element element, SettingsValue& value) {
     using simdjson::dom::element_type;
     switch (element.type()) {
     case element_type::BOOL:
-        return SettingsValue{bool(element)};
+        value.value = bool(element);
+        return true;
     case element_type::INT64:
-        return SettingsValue{qint64{int64_t(element)}};
+        value.value = qint64{int64_t(element)};
+        return true;
     case element_type::DOUBLE:
-        return SettingsValue{double(element)};
+        value.value = double(element);
+        return true;
     case element_type::STRING: {
         const std::string_view text(element);
-        return SettingsValue{QByteArray(text.data(), static_cast<qsizetype>(text.size()))};
+        value.value = QByteArray(text.data(), static_cast<qsizetype>(text.size()));
+        return true;
     }
     case element_type::ARRAY:
-        return valueOf(simdjson::dom::array(element));
+        return read(simdjson::dom::array(element), value);
     case element_type::OBJECT:
-        return valueOf(simdjson::dom::object(element));
+        return read(simdjson::dom::object(element), value);
     default:
-        return std::nullopt;
+        return false;
     }
 }
 
@@ -117,8 +121,10 @@ std::optional<SettingsValue::Array> arrayFromText(QByteArrayView text) {
     simdjson::dom::array elements;
     if (parser.parse(text.data(), static_cast<std::size_t>(text.size())).get(elements) != simdjson::SUCCESS)
         return std::nullopt;
-    auto value = valueOf(elements);
-    return value ? std::optional(std::get<SettingsValue::Array>(std::move(value->value))) : std::nullopt;
+    SettingsValue value;
+    if (!read(elements, value))
+        return std::nullopt;
+    return std::get<SettingsValue::Array>(std::move(value.value));
 }
 
 } // namespace tamsel
