@@ -9,11 +9,11 @@ namespace tamsel {
 namespace {
 
 constexpr auto connectionPragmas = R"(
-    PRAGMA page_size = 8192;         -- counts for a file that is yet to be made
+    PRAGMA page_size = 32768;        -- counts for a file that is yet to be made
     PRAGMA cell_size_check = ON;     -- damage is found where it is, not where it leads
     PRAGMA secure_delete = ON;       -- a note that was deleted does not linger in the file
     PRAGMA synchronous = FULL;       -- a commit is on disk when it returns
-    PRAGMA wal_autocheckpoint = 512; -- pages, 4 MiB
+    PRAGMA wal_autocheckpoint = 128; -- pages, 4 MiB
     PRAGMA journal_size_limit = 4194304;
 )";
 
@@ -28,7 +28,7 @@ constexpr auto createFormat = R"(
     );
     CREATE TABLE chunk (
         id INTEGER PRIMARY KEY, -- the entry's id * 4294967296 + the chunk's number, from 0
-        bytes BLOB NOT NULL     -- 16384 bytes
+        bytes BLOB NOT NULL     -- 32768 bytes
     );
     CREATE VIEW documents (key, kind, text) AS
         SELECT key, kind,

@@ -133,7 +133,7 @@ TEST_F(SettingsFileTest, AChangeWritesOnlyWhatDiffers) {
     const auto store = open();
     QByteArray document(200 * chunk + 100, 'x');
     store->setData(history, document);
-    constexpr qint64 fewPages = 8 * 8192;
+    constexpr qint64 fewPages = 6 * 32768;
     const auto writtenBy = [&](const std::function<void()>& change) {
         const qint64 before = files.writtenBytes();
         change();
@@ -194,14 +194,14 @@ void setByte(const QString& path, qsizetype offset, char byte) {
 // The first byte of the table's root page, which tells the kind of the page.
 qsizetype rootPage(const QString& path, const char* table) {
     const QByteArray sql = "SELECT rootpage FROM sqlite_schema WHERE name = '" + QByteArray(table) + "'";
-    return (StockTool(path).run(sql.constData()).value(0).toLongLong() - 1) * 8192;
+    return (StockTool(path).run(sql.constData()).value(0).toLongLong() - 1) * 32768;
 }
 
 const Damage damages[] = {
     {"garbage", [](const QString& path) { setContents(path, QByteArray(20000, 'g')); }, "file is not a database"},
     {"tiny garbage", [](const QString& path) { setContents(path, "hello"); }, "file is not a database"},
     {"header", [](const QString& path) { setByte(path, 3, 'x'); }, "file is not a database"},
-    {"cut in half", [](const QString& path) { QFile::resize(path, QFileInfo(path).size() / 2 / 8192 * 8192); },
+    {"cut in half", [](const QString& path) { QFile::resize(path, QFileInfo(path).size() / 2 / 32768 * 32768); },
      "database disk image is malformed"},
     {"cut within a page", [](const QString& path) { QFile::resize(path, QFileInfo(path).size() - 5000); },
      "its end is cut off"},

@@ -220,8 +220,8 @@ TEST_P(SettingsStoreLaws, KeepingMoreThanThereIsStopsTheProgram) {
     const QString key = QStringLiteral("key");
     EXPECT_DEATH(store().replaceTail(key, 1, "x"), "Fatal error: Unable to keep 1 of 0 bytes");
     store().setData(key, someBytes(chunk + 2));
-    EXPECT_DEATH(store().replaceTail(key, chunk + 3, "x"), "Fatal error: Unable to keep 16387 of 16386 bytes");
-    EXPECT_DEATH(store().replaceTail(key, -1, "x"), "Fatal error: Unable to keep -1 of 16386 bytes");
+    EXPECT_DEATH(store().replaceTail(key, chunk + 3, "x"), "Fatal error: Unable to keep 32771 of 32770 bytes");
+    EXPECT_DEATH(store().replaceTail(key, -1, "x"), "Fatal error: Unable to keep -1 of 32770 bytes");
     EXPECT_DEATH(store().atomically([&] {
         store().replaceTail(key, 1, "xy");
         store().replaceTail(key, 4, "z");
