@@ -49,10 +49,10 @@ const QList<HistoryEvent>& events() {
     return list;
 }
 
-// With the room behind its end that lets it be read in place.
+// With the room behind its end that lets the bare reader read it in place.
 QByteArray document() {
     QByteArray bytes = *json::encode(events());
-    bytes.reserve(bytes.size() + json::padding);
+    bytes.reserve(bytes.size() + static_cast<qsizetype>(simdjson::SIMDJSON_PADDING));
     return bytes;
 }
 

@@ -45,9 +45,9 @@ Result<qsizetype> decodeCase(QByteArray document, std::initializer_list<QLatin1S
     std::vector<std::string_view> views;
     for (const QLatin1String name : names)
         views.push_back(viewOf(name));
-    Reader reader(std::move(document));
+    Reader reader;
     std::size_t index = 0;
-    if (!reader.readCaseDocument(views, index))
+    if (!reader.readCaseDocument(std::move(document), views, index))
         return Error{reader.error(place)};
     return static_cast<qsizetype>(index);
 }

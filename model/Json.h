@@ -59,10 +59,6 @@ std::optional<QByteArray> encode(const T& value);
 template <class T>
 [[nodiscard]] bool append(QByteArray& document, const T& value);
 
-// A document whose buffer has this many bytes to spare behind its end (QByteArray::reserve) is read where it lies; any
-// other is moved or copied first.
-inline constexpr qsizetype padding = 64;
-
 // Reads a whole document. `place` names it in errors, such as "history.events"; it may be empty.
 //
 // Keys may come in any order; those that the record does not know are passed over, though what they hold must be

@@ -29,9 +29,9 @@ std::optional<QByteArray> encode(const T& value) {
 
 template <class T>
 Result<T> decode(QByteArray document, QStringView place) {
-    Reader reader(std::move(document));
+    Reader reader;
     T value{};
-    if (!reader.readDocument(value))
+    if (!reader.readDocument(std::move(document), value))
         return Error{reader.error(place)};
     return value;
 }

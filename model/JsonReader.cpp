@@ -1,20 +1,35 @@
 #include "model/JsonReader.h"
 
-#include "model/Json.h"
-
 #include <QtEndian>
 
-#include <array>
+#include <cstring>
 
 namespace tamsel::json {
 
 namespace {
 
-// Far beyond every record, far below what the stack holds.
+// Brackets within brackets. Far beyond every record, far below what the stack holds.
 constexpr int deepestNesting = 100;
 
 // Reading takes about six times a document's size in memory. A journal of a century stays below a tenth of this.
 constexpr qsizetype largestDocument = qsizetype(1) << 30;
+
+// The parser takes no note of nesting until it has used memory for all of it.
+bool nestsTooDeeply(QByteArrayView document) {
+    int depth = 0;
+    bool isInText = false;
+    for (const char* at = document.begin(); at != document.end(); ++at) {
+        if (*at == '"')
+            isInText = !isInText;
+        else if (*at == '\\' && at + 1 != document.end())
+            ++at;
+        else if (!isInText && (*at == '[' || *at == '{') && ++depth > deepestNesting)
+            return true;
+        else if (!isInText && (*at == ']' || *at == '}'))
+            --depth;
+    }
+    return false;
+}
 
 // Eight hexadecimal digits, the first one lowest, as the four bytes that they stand for. Adds to `faults` where one is
 // no digit. All eight at once, a byte of the word each.
@@ -59,18 +74,28 @@ bool reading::readUuid(std::string_view text, QUuid& target) {
     return true;
 }
 
-Reader::Reader(QByteArray document) : m_bytes(std::move(document)) {
-    static_assert(padding >= static_cast<qsizetype>(simdjson::SIMDJSON_PADDING));
-    // What lies in the spare bytes does not matter, so that a shared buffer need not be copied for them.
-    if (m_bytes.data_ptr().freeSpaceAtEnd() < padding)
-        m_bytes.reserve(m_bytes.size() + padding);
+bool Reader::startWhole(QByteArray&& document) {
+    // Below this the memory does not matter.
+    constexpr qsizetype smallDocument = 64 * 1024;
+
+    if (document.size() > largestDocument)
+        return fail("document too large");
+    if (document.size() > smallDocument && nestsTooDeeply(document))
+        return fail("nested too deeply");
+    m_whole = std::move(document);
+    m_whole.reserve(m_whole.size() + padding);
+    return start({m_whole.constData(), static_cast<std::size_t>(m_whole.size())});
 }
 
-bool Reader::start() {
-    if (m_bytes.size() > largestDocument)
-        return fail("document too large");
-    const auto size = static_cast<std::size_t>(m_bytes.size());
-    const auto error = m_parser.iterate(m_bytes.constData(), size, size + simdjson::SIMDJSON_PADDING).get(m_document);
+// The bytes behind the text are the padding, the first of them 0.
+bool Reader::start(std::string_view text) {
+    if (text.data() == nullptr)
+        return fail("record too long");
+    // A little more than needed, so that windows of about the same size share it.
+    const std::size_t capacity = text.size() + text.size() / 8;
+    if (m_parser.capacity() < text.size() && m_parser.allocate(capacity))
+        return fail("not enough memory");
+    const auto error = m_parser.iterate(text, text.size() + padding).get(m_document);
     return !error || refuse(error);
 }
 
@@ -129,8 +154,8 @@ QString Reader::error(QStringView place) const {
     return where.isEmpty() ? QString(what) : where + QLatin1String(": ") + what;
 }
 
-bool Reader::readDocument(qint64& target) {
-    if (!start())
+bool Reader::readDocument(QByteArray document, qint64& target) {
+    if (!startWhole(std::move(document)))
         return false;
     std::int64_t integer = 0;
     if (const auto error = m_document.get_int64().get(integer)) {
@@ -141,9 +166,9 @@ bool Reader::readDocument(qint64& target) {
     return finish();
 }
 
-bool Reader::readCaseDocument(std::span<const std::string_view> names, std::size_t& index) {
+bool Reader::readCaseDocument(QByteArray document, std::span<const std::string_view> names, std::size_t& index) {
     Object object;
-    if (!start())
+    if (!startWhole(std::move(document)))
         return false;
     if (const auto error = m_document.get_object().get(object))
         return error == simdjson::INCORRECT_TYPE ? fail("expected object") : refuse(error);
@@ -216,19 +241,27 @@ bool Reader::unescape(RawKey key, std::optional<std::string_view>& meant) {
 
 // Passes over a value that no record knows. Everything in it is looked at: the reader below would take any brackets
 // that balance.
-bool Reader::skip(Value source, int depth) {
+bool Reader::skip(Value source) {
     using Type = simdjson::ondemand::json_type;
 
     Type type{};
     if (source.type().get(type))
         return failMalformed();
-    if (depth == deepestNesting && (type == Type::array || type == Type::object))
+    if (source.current_depth() > deepestNesting && (type == Type::array || type == Type::object))
         return fail("nested too deeply");
     switch (type) {
     case Type::array: {
         Array array;
-        return (!source.get_array().get(array) || failMalformed()) &&
-               forEachElement(array, [this, depth](Value value, qsizetype) { return skip(value, depth + 1); });
+        if (source.get_array().get(array))
+            return failMalformed();
+        for (auto each : array) {
+            Value element;
+            if (std::move(each).get(element))
+                return failMalformed();
+            if (!skip(element))
+                return false;
+        }
+        return true;
     }
     case Type::object: {
         Object object;
@@ -239,7 +272,7 @@ bool Reader::skip(Value source, int depth) {
             std::optional<std::string_view> ignored;
             if (std::move(each).get(field))
                 return failMalformed();
-            if (!unescape(field.key(), ignored) || !skip(field.value(), depth + 1))
+            if (!unescape(field.key(), ignored) || !skip(field.value()))
                 return false;
         }
         return true;

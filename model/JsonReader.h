@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/JsonFields.h"
+#include "model/ListWindows.h"
 #include "model/TextPool.h"
 
 #include <QByteArray>
@@ -24,7 +25,7 @@
 
 namespace tamsel::json {
 
-// Reads one document. A `read` is false once something was refused; `error` then tells what and where, and the target
+// Reads a document. A `read` is false once something was refused; `error` then tells what and where, and the target
 // holds nothing of use. One document, one thread.
 class Reader {
 public:
@@ -34,17 +35,21 @@ public:
     using Field = simdjson::ondemand::field;
     using RawKey = simdjson::ondemand::raw_json_string;
 
-    explicit Reader(QByteArray document);
+    // What the parser may look at behind a document's end.
+    static constexpr qsizetype padding = simdjson::SIMDJSON_PADDING;
+
+    Reader() = default;
     Reader(const Reader&) = delete;
     Reader& operator=(const Reader&) = delete;
 
     // The whole document, from its first to its last byte.
-    bool readDocument(qint64& target);
+    bool readDocument(QByteArray document, qint64& target);
     template <RecordWithFields T>
-    bool readDocument(T& target);
+    bool readDocument(QByteArray document, T& target);
+    // Takes memory for the list and little more, however long it is.
     template <class T>
-    bool readDocument(QList<T>& target);
-    bool readCaseDocument(std::span<const std::string_view> names, std::size_t& index);
+    bool readDocument(const QByteArray& document, QList<T>& target);
+    bool readCaseDocument(QByteArray document, std::span<const std::string_view> names, std::size_t& index);
 
     // One value within the document.
     bool read(Value& source, bool& target);
@@ -72,8 +77,11 @@ private:
         Fault fault;
     };
 
-    bool start();
+    bool startWhole(QByteArray&& document);
+    bool start(std::string_view text);
     bool finish();
+    template <class T>
+    bool readWindow(ListWindows& windows, QList<T>& target);
     bool refuse(simdjson::error_code error);
     bool fail(std::string_view expectation);
     bool failMalformed();
@@ -94,16 +102,16 @@ private:
     template <class Key, class T>
     bool readElements(Array array, QList<std::pair<Key, T>>& target);
     template <class Each>
-    bool forEachElement(Array array, Each each);
+    bool forEachElement(Array array, qsizetype index, Each each);
     bool readCase(Object object, std::span<const std::string_view> names, std::size_t& index);
     bool unescape(Value source, std::string_view raw, std::string_view& meant);
     bool makeText(Value source, std::string_view raw, QString& target);
     bool readEscaped(Value source, std::string_view raw, QUuid& target);
     // The key as it is meant, when it is written with escapes; none otherwise.
     bool unescape(RawKey key, std::optional<std::string_view>& meant);
-    bool skip(Value source, int depth = 0);
+    bool skip(Value source);
 
-    QByteArray m_bytes;
+    QByteArray m_whole;
     simdjson::ondemand::parser m_parser;
     simdjson::ondemand::document m_document;
     std::vector<std::uint8_t> m_key;
@@ -188,10 +196,10 @@ Q_ALWAYS_INLINE bool Reader::read(Value& source, QString& target) {
     if (raw->size() > longestPooled)
         return makeText(source, *raw, target);
     TextPool::Entry& entry = m_texts.entry(*raw);
-    if (entry.bytes.data() == nullptr) {
+    if (entry.isNew) {
         if (!makeText(source, *raw, entry.text))
             return false;
-        entry.bytes = *raw;
+        entry.isNew = false;
         target = entry.text;
         return true;
     }
@@ -224,13 +232,14 @@ bool Reader::read(Value& source, QList<T>& target) {
     Array array;
     if (source.get_array().get(array))
         return fail("expected array");
+    target.clear();
     return readElements(array, target);
 }
 
 template <RecordWithFields T>
-bool Reader::readDocument(T& target) {
+bool Reader::readDocument(QByteArray document, T& target) {
     Object object;
-    if (!start())
+    if (!startWhole(std::move(document)))
         return false;
     if (const auto error = m_document.get_object().get(object))
         return error == simdjson::INCORRECT_TYPE ? fail("expected object") : refuse(error);
@@ -238,13 +247,36 @@ bool Reader::readDocument(T& target) {
 }
 
 template <class T>
-bool Reader::readDocument(QList<T>& target) {
-    Array array;
-    if (!start())
+bool Reader::readDocument(const QByteArray& document, QList<T>& target) {
+    ListWindows windows(document);
+    target.clear();
+    if (!readWindow(windows, target))
         return false;
-    if (const auto error = m_document.get_array().get(array))
-        return error == simdjson::INCORRECT_TYPE ? fail("expected array") : refuse(error);
-    return readElements(array, target) && finish();
+    // The first window tells how many elements there are going to be.
+    if (!windows.isLast())
+        target.reserve(target.size() * (document.size() / windows.size() + 1));
+    while (!windows.isLast()) {
+        windows.next();
+        if (!readWindow(windows, target))
+            return false;
+    }
+    return true;
+}
+
+template <class T>
+bool Reader::readWindow(ListWindows& windows, QList<T>& target) {
+    const qsizetype known = target.size();
+    do {
+        Array array;
+        target.resize(known);
+        if (!start(windows.text()))
+            continue;
+        if (const auto error = m_document.get_array().get(array))
+            error == simdjson::INCORRECT_TYPE ? fail("expected array") : refuse(error);
+        else if (readElements(array, target) && finish())
+            return true;
+    } while (windows.enlarge());
+    return false;
 }
 
 template <RecordWithFields T>
@@ -322,44 +354,29 @@ Q_ALWAYS_INLINE bool Reader::readField(Value& source, T& target) {
         return read(source, member);
 }
 
+// Adds the elements to those that are there.
 template <class T>
 bool Reader::readElements(Array array, QList<T>& target) {
-    // Enough elements to tell how many are to come.
-    constexpr qsizetype sample = 64;
-
-    const char* first = nullptr;
-    target.clear();
-    return forEachElement(array, [&](Value& value, qsizetype index) {
-        if (index == 0 || index == sample) {
-            const char* at = value.raw_json_token().data();
-            if (index == 0)
-                first = at;
-            else
-                target.reserve((m_bytes.constEnd() - first) / ((at - first) / sample));
-        }
-        return read(value, target.emplaceBack());
-    });
+    return forEachElement(array, target.size(), [&](Value& value) { return read(value, target.emplaceBack()); });
 }
 
 template <class Key, class T>
 bool Reader::readElements(Array array, QList<std::pair<Key, T>>& target) {
-    qsizetype count = 0;
-    target.clear();
-    const bool isRead = forEachElement(array, [&](Value& value, qsizetype index) {
-        count = index + 1;
-        return index % 2 == 0 ? read(value, target.emplaceBack().first) : read(value, target.last().second);
+    bool expectsKey = true;
+    const bool isRead = forEachElement(array, 2 * target.size(), [&](Value& value) {
+        const bool isKey = std::exchange(expectsKey, !expectsKey);
+        return isKey ? read(value, target.emplaceBack().first) : read(value, target.last().second);
     });
-    return isRead && (count % 2 == 0 || fail("expected an even number of elements"));
+    return isRead && (expectsKey || fail("expected an even number of elements"));
 }
 
 template <class Each>
-bool Reader::forEachElement(Array array, Each each) {
-    qsizetype index = 0;
+bool Reader::forEachElement(Array array, qsizetype index, Each each) {
     for (auto element : array) {
         Value value;
         if (std::move(element).get(value)) [[unlikely]]
             return failMalformed() || failAt(index);
-        if (!each(value, index)) [[unlikely]]
+        if (!each(value)) [[unlikely]]
             return failAt(index);
         ++index;
     }

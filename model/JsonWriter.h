@@ -70,6 +70,9 @@ namespace writing {
 // More than the longest of: a double in either notation, a 64-bit integer, an identifier with its quotes.
 inline constexpr qsizetype scalarSize = 48;
 
+// Elements that tell how long a list's document is going to be.
+inline constexpr qsizetype sample = 64;
+
 // What stands in front of a field's value, such as {"date": or ,"id":
 template <class Record, std::size_t index>
 constexpr auto makeLead() {
@@ -146,6 +149,8 @@ bool Writer::write(const QList<T>& list) {
             put(',');
         if (!write(list.at(i)))
             return false;
+        if (i == writing::sample)
+            ensureRoom((m_at - m_buffer.constData()) / (i + 1) * (list.size() - i) * 17 / 16);
     }
     ensureRoom(1);
     put(']');

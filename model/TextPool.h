@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -13,33 +14,33 @@
 namespace tamsel::json {
 
 // Finds the text that was made from the same bytes before, so that a name that thousands of events carry is stored
-// once. It remembers views: the bytes must stay where they are. One thread at a time.
+// once. One thread at a time.
 class TextPool {
 public:
     struct Entry {
-        std::string_view bytes; // null in a new entry
+        std::string bytes;
         QString text;
+        bool isNew = true; // until the one who asked has filled in the text
     };
 
     TextPool() = default;
     TextPool(const TextPool&) = delete;
     TextPool& operator=(const TextPool&) = delete;
 
-    // The entry of these bytes, which are not null. A new one is the caller's to fill in. Valid until the next call.
+    // The entry of these bytes, valid until the next call.
     Entry& entry(std::string_view bytes) {
-        if (m_last->bytes == bytes && m_last->bytes.data() != nullptr)
+        if (!m_last->isNew && m_last->bytes == bytes)
             return *m_last;
         if (m_count * 2 >= m_slots.size() && m_slots.size() < maximumSlots)
             enlarge();
         m_last = find(bytes);
-        if (m_last != nullptr && m_last->bytes.data() != nullptr)
+        if (m_last != nullptr && !m_last->isNew)
             return *m_last;
-        if (m_last != nullptr && m_count * 2 < m_slots.size()) {
+        if (m_last != nullptr && m_count * 2 < m_slots.size())
             ++m_count;
-        } else {
-            m_surplus = {};
+        else
             m_last = &m_surplus;
-        }
+        *m_last = {std::string(bytes), QString(), true};
         return *m_last;
     }
 
@@ -54,7 +55,7 @@ private:
         const std::size_t home = hash(bytes);
         for (std::size_t step = 0; step < longestSearch; ++step) {
             Entry& each = m_slots[(home + step) & (m_slots.size() - 1)];
-            if (each.bytes.data() == nullptr || each.bytes == bytes)
+            if (each.isNew || each.bytes == bytes)
                 return &each;
         }
         return nullptr;
@@ -65,7 +66,7 @@ private:
         old.swap(m_slots);
         m_count = 0;
         for (Entry& each : old) {
-            Entry* place = each.bytes.data() != nullptr ? find(each.bytes) : nullptr;
+            Entry* place = each.isNew ? nullptr : find(each.bytes);
             if (place != nullptr) {
                 *place = std::move(each);
                 ++m_count;
