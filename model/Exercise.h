@@ -2,6 +2,7 @@
 
 #include <QHashFunctions>
 #include <QString>
+#include <QTypeInfo>
 #include <QUuid>
 
 namespace tamsel {
@@ -19,3 +20,5 @@ inline size_t qHash(const Exercise& exercise, size_t seed = 0) {
 }
 
 } // namespace tamsel
+
+Q_DECLARE_TYPEINFO(tamsel::Exercise, Q_RELOCATABLE_TYPE);

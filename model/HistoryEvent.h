@@ -1,9 +1,11 @@
 #pragma once
 
 #include "platform/Date.h"
+#include "platform/UuidSource.h"
 
 #include <QHashFunctions>
 #include <QString>
+#include <QTypeInfo>
 #include <QUuid>
 
 #include <optional>
@@ -19,6 +21,12 @@ struct HistoryEvent {
     std::optional<qint64> thumbsDown;
     QUuid id;
 
+    // A new event, with a fresh identifier.
+    static HistoryEvent make(Date date, const QString& exerciseName, qint64 practiceTime, UuidSource& uuids,
+                             std::optional<qint64> thumbsUp = {}, std::optional<qint64> thumbsDown = {}) {
+        return {date, exerciseName, practiceTime, thumbsUp, thumbsDown, uuids.next()};
+    }
+
     bool operator==(const HistoryEvent&) const = default;
 };
 
@@ -32,3 +40,5 @@ inline size_t qHash(const HistoryEvent& event, size_t seed = 0) {
 }
 
 } // namespace tamsel
+
+Q_DECLARE_TYPEINFO(tamsel::HistoryEvent, Q_RELOCATABLE_TYPE);

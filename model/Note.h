@@ -4,6 +4,7 @@
 
 #include <QHashFunctions>
 #include <QString>
+#include <QTypeInfo>
 #include <QUuid>
 
 namespace tamsel {
@@ -22,3 +23,5 @@ inline size_t qHash(const Note& note, size_t seed = 0) {
 }
 
 } // namespace tamsel
+
+Q_DECLARE_TYPEINFO(tamsel::Note, Q_RELOCATABLE_TYPE);

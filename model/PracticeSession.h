@@ -4,6 +4,7 @@
 #include "platform/Date.h"
 
 #include <QHashFunctions>
+#include <QTypeInfo>
 
 #include <optional>
 
@@ -36,3 +37,5 @@ inline size_t qHash(const PracticeSession& session, size_t seed = 0) {
 }
 
 } // namespace tamsel
+
+Q_DECLARE_TYPEINFO(tamsel::PracticeSession, Q_RELOCATABLE_TYPE);
