@@ -24,7 +24,7 @@ Item {
         anchors.leftMargin: Theme.screenMargin
         anchors.verticalCenter: parent.verticalCenter
         name: "warning"
-        color: Theme.onWarning
+        color: Theme.warningInk
     }
 
     TextLabel {
@@ -37,7 +37,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         wrapMode: Text.Wrap
         kind: TextLabel.Secondary
-        color: Theme.onWarning
+        color: Theme.warningInk
         text: banner.text
         Accessible.ignored: true
     }

@@ -10,9 +10,9 @@ Item {
     property int count: 1
     // From 0; -1 while nothing sounds.
     property int current: -1
+    property int dot: 10
 
-    readonly property int dot: 10
-    readonly property int longDot: 26
+    readonly property int longDot: Math.round(dot * 2.6)
 
     implicitWidth: dots.width
     implicitHeight: dot

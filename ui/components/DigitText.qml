@@ -14,21 +14,24 @@ Item {
     property int weight: Font.Bold
     property real maximumWidth: Infinity
 
+    // Large figures stand a little closer than the typeface sets them.
+    readonly property real cellWidth: widest.advanceWidth * 0.97
     readonly property real fullWidth: {
         let width = 0;
         for (const character of text)
-            width += isDigit(character) ? widest.advanceWidth : narrow.advanceWidth(character);
+            width += widthOf(character);
         return width;
     }
     readonly property real fit: Math.min(1, maximumWidth / Math.max(1, fullWidth))
     readonly property int shownSize: Math.floor(pixelSize * fit)
 
     implicitWidth: Math.ceil(fullWidth * shownSize / pixelSize)
-    implicitHeight: Math.ceil(narrow.height * shownSize / pixelSize)
+    // Figures have no descenders: a line of them needs less height than a line of text, the same less above and below.
+    implicitHeight: Math.ceil(narrow.height * 0.8)
     Accessible.ignored: true
 
-    function isDigit(character: string): bool {
-        return character >= "0" && character <= "9";
+    function widthOf(character: string): real {
+        return character >= "0" && character <= "9" ? cellWidth : narrow.advanceWidth(character);
     }
 
     TextMetrics {
@@ -48,6 +51,7 @@ Item {
 
     // A number is read from left to right in every script.
     Row {
+        anchors.verticalCenter: parent.verticalCenter
         LayoutMirroring.enabled: false
 
         Repeater {
@@ -58,8 +62,7 @@ Item {
 
                 readonly property string character: digits.text.charAt(index)
 
-                width: (digits.isDigit(character) ? widest.advanceWidth : narrow.advanceWidth(character))
-                       * digits.shownSize / digits.pixelSize
+                width: digits.widthOf(character) * digits.shownSize / digits.pixelSize
                 text: character
                 textFormat: Text.PlainText
                 horizontalAlignment: Text.AlignHCenter

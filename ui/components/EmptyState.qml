@@ -26,7 +26,7 @@ Column {
         Icon {
             anchors.centerIn: parent
             name: empty.iconName
-            size: 44
+            size: Theme.hugeIcon
             color: Theme.secondaryText
         }
     }

@@ -11,18 +11,14 @@ BaseButton {
     property string trailing
     property bool last: false
 
-    implicitHeight: heightFor(Theme.textScale)
+    implicitHeight: Math.max(Math.round(54 * Theme.textScale), Theme.touchTarget,
+                             Math.ceil(words.height) + 2 * Theme.smallSpacing)
     leftPadding: Theme.mediumSpacing
     rightPadding: Theme.mediumSpacing
     focusRadius: Theme.fieldRadius
     focusGap: -3
     Accessible.role: Accessible.ListItem
     Accessible.description: trailing === "" ? detail : detail + ", " + trailing
-
-    // Every row has the same height, which lets a list of thousands know where each lies without making it.
-    function heightFor(textScale: real): int {
-        return Math.round(Math.max(Theme.touchTarget, 54 * textScale));
-    }
 
     background: Item {
         Rectangle {
@@ -51,6 +47,8 @@ BaseButton {
         anchors.bottomMargin: row.bottomPadding
 
         Column {
+            id: words
+
             anchors.left: parent.left
             anchors.right: amount.left
             anchors.rightMargin: Theme.spacing
@@ -59,6 +57,9 @@ BaseButton {
 
             TextLabel {
                 width: parent.width
+                // Large text would leave only a few letters of a name on one line.
+                wrapMode: Theme.textScale > 1.3 ? Text.Wrap : Text.NoWrap
+                maximumLineCount: 2
                 text: row.text
                 Accessible.ignored: true
             }

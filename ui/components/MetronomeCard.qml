@@ -9,14 +9,19 @@ Item {
 
     required property MetronomeViewModel metronome
     property string caption
+    // The height that the screen has for the card; it takes more if it needs more.
+    property int roomHeight: 0
 
     readonly property int edge: width < 340 ? Theme.spacing : Theme.mediumSpacing + 2
-    readonly property int figureRoom: width - 2 * (edge + Theme.largeButton + Theme.spacing)
-    // In a wide and high card the figures are larger than the usual size; never larger than there is room for.
-    readonly property int figureSize: Math.max(Theme.tempoSize, Math.min(figureRoom * 0.5, height * 0.36, 200))
-    readonly property int spareHeight: Math.max(0, height - implicitHeight)
+    // Where the screen offers height, everything is larger, to be read and hit from further away.
+    readonly property real zoom: Math.max(1, Math.min(width / 350, roomHeight / 300, 1.6))
+    readonly property int figureRoom: width - 2 * (edge + Math.round(Theme.largeButton * zoom) + Theme.spacing)
+    readonly property int figureSize: Math.max(Theme.tempoSize, Math.min(figureRoom / 2, Theme.tempoSize * zoom * 1.2))
+    readonly property int neededHeight: top.height + below.height + beats.height + 2 * Theme.mediumSpacing + 2 * padding
+    readonly property int padding: Theme.largeSpacing
+    readonly property int spare: height - neededHeight
 
-    implicitHeight: body.implicitHeight + 2 * Theme.mediumSpacing + 4
+    implicitHeight: Math.max(neededHeight, roomHeight)
 
     Surface {
         anchors.fill: parent
@@ -37,13 +42,11 @@ Item {
     Item {
         id: body
 
-        anchors.left: parent.left
-        anchors.right: parent.right
+        anchors.fill: parent
         anchors.leftMargin: card.edge
         anchors.rightMargin: card.edge
-        anchors.verticalCenter: parent.verticalCenter
-        implicitHeight: top.height + below.height + beats.height + 2 * Theme.mediumSpacing
-        height: implicitHeight + Math.min(card.spareHeight, 2 * Theme.hugeSpacing)
+        anchors.topMargin: card.padding + card.spare / 4
+        anchors.bottomMargin: anchors.topMargin
 
         Item {
             id: top
@@ -59,6 +62,7 @@ Item {
                 text: "minus button"
                 iconName: "minus"
                 size: RoundButton.Large
+                zoom: card.zoom
                 hasLongPress: true
                 longPressText: "Long press for a big step"
                 onClicked: card.metronome.minusTapped()
@@ -70,7 +74,7 @@ Item {
 
                 anchors.horizontalCenter: parent.horizontalCenter
                 width: card.figureRoom
-                height: Math.max(Theme.largeButton, Math.round(implicitHeight))
+                height: Math.max(Math.round(Theme.largeButton * card.zoom), implicitHeight)
                 pixelSize: card.figureSize
                 metronome: card.metronome
             }
@@ -93,6 +97,7 @@ Item {
                 text: "plus button"
                 iconName: "plus"
                 size: RoundButton.Large
+                zoom: card.zoom
                 hasLongPress: true
                 longPressText: "Long press for a big step"
                 onClicked: card.metronome.plusTapped()
@@ -105,10 +110,10 @@ Item {
 
             anchors.left: parent.left
             anchors.right: parent.right
-            anchors.leftMargin: (Theme.largeButton - Theme.regularButton) / 2
+            anchors.leftMargin: Math.round((Theme.largeButton - Theme.regularButton) * card.zoom / 2)
             anchors.rightMargin: anchors.leftMargin
             y: Math.round((top.height + parent.height - beats.height - height) / 2)
-            height: Theme.extraLargeButton
+            height: play.height
 
             RoundButton {
                 objectName: "down button"
@@ -116,6 +121,7 @@ Item {
                 anchors.verticalCenter: parent.verticalCenter
                 text: "down button"
                 iconName: "chevron-down"
+                zoom: card.zoom
                 dimmed: !card.metronome.canStepDown
                 onClicked: card.metronome.downTapped()
             }
@@ -138,6 +144,7 @@ Item {
                 text: "play pause button"
                 iconName: card.metronome.isPlaying ? "pause" : "play"
                 size: RoundButton.ExtraLarge
+                zoom: card.zoom
                 prominent: true
                 bellOn: card.metronome.isVisualBellOn
                 Accessible.description: card.metronome.isPlaying ? "playing" : "stopped"
@@ -150,6 +157,7 @@ Item {
                 anchors.verticalCenter: parent.verticalCenter
                 text: "up button"
                 iconName: "chevron-up"
+                zoom: card.zoom
                 dimmed: !card.metronome.canStepUp
                 onClicked: card.metronome.upTapped()
             }
@@ -162,6 +170,7 @@ Item {
             anchors.bottom: parent.bottom
             count: card.metronome.beatIndicatorCount
             current: card.metronome.beatIndicatorIndex
+            dot: Math.round(10 * card.zoom)
         }
     }
 }

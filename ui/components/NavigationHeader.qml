@@ -36,6 +36,8 @@ Item {
         anchors.rightMargin: header.side
         anchors.verticalCenter: parent.verticalCenter
         horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
         kind: TextLabel.Heading
         Accessible.role: Accessible.Heading
     }

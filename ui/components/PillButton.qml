@@ -14,7 +14,7 @@ BaseButton {
 
     readonly property bool prominent: look === PillButton.Prominent
     readonly property color ink: !enabled ? Theme.secondaryText
-                                : prominent ? Theme.onAccent
+                                : prominent ? Theme.accentInk
                                 : look === PillButton.Destructive ? Theme.destructive
                                 : look === PillButton.Plain ? Theme.accent
                                 : Theme.text

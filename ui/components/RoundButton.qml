@@ -17,9 +17,11 @@ BaseButton {
     property bool dimmed: false
     property bool bellOn: false
 
-    readonly property int side: [Theme.smallButton, Theme.regularButton, Theme.largeButton,
-                                 Theme.extraLargeButton][size]
-    readonly property int iconSize: [18, 20, 24, 44][size]
+    // Larger than usual, where there is room.
+    property real zoom: 1
+
+    readonly property int side: Math.round(Theme.buttonSides[size] * zoom)
+    readonly property int iconSize: Math.round(Theme.buttonIcons[size] * zoom)
     readonly property int ringWidth: size === RoundButton.ExtraLarge ? 6 : 3
 
     implicitWidth: side
@@ -48,7 +50,7 @@ BaseButton {
             anchors.centerIn: parent
             name: button.iconName
             size: button.iconSize
-            color: button.prominent ? Theme.onAccent : button.dimmed ? Theme.secondaryText : Theme.text
+            color: button.prominent ? Theme.accentInk : button.dimmed ? Theme.secondaryText : Theme.text
             opacity: button.dimmed ? Theme.disabledOpacity : 1
         }
     }

@@ -16,16 +16,21 @@ Item {
     BorderImage {
         id: picture
 
-        readonly property bool shown: surface.relief !== Surface.Flat && surface.width >= 1 && surface.height >= 1
+        // Not before the surface has its size: every picture asked for on the way would be made for nothing.
+        property bool complete: false
+        readonly property bool shown: complete && surface.relief !== Surface.Flat
         readonly property bool raised: surface.relief === Surface.Raised
         readonly property int offset: Theme.shadowOffsets[surface.depth]
         readonly property int blur: Theme.shadowBlurs[surface.depth]
         readonly property int margin: raised ? offset + blur : 0
-        readonly property int corner: Math.round(Math.min(surface.radius, surface.width / 2, surface.height / 2))
+        readonly property int wholeWidth: Math.max(1, Math.round(surface.width))
+        readonly property int wholeHeight: Math.max(1, Math.round(surface.height))
+        readonly property int corner: Math.min(Math.round(surface.radius), Math.floor(wholeWidth / 2),
+                                               Math.floor(wholeHeight / 2))
         // Beyond this the middle of a side looks the same everywhere, so a longer side is stretched, not painted anew.
         readonly property int longestSide: 2 * (corner + offset + blur) + 1
-        readonly property int bodyWidth: Math.min(Math.round(surface.width), longestSide)
-        readonly property int bodyHeight: Math.min(Math.round(surface.height), longestSide)
+        readonly property int bodyWidth: Math.min(wholeWidth, longestSide)
+        readonly property int bodyHeight: Math.min(wholeHeight, longestSide)
         readonly property real pixels: Theme.devicePixelRatio
 
         // The picture is laid out in device pixels and scaled back, so that its borders are exact on every screen.
@@ -46,5 +51,6 @@ Item {
                         + "/" + corner + "/" + offset + "/" + blur + "/" + Theme.hex(surface.color) + "/"
                         + Theme.shadowColors
                       : ""
+        Component.onCompleted: complete = true
     }
 }

@@ -29,7 +29,7 @@ BaseButton {
 
             anchors.horizontalCenter: parent.horizontalCenter
             y: Theme.tightSpacing
-            width: 60
+            width: Theme.tabIcon + 36
             height: Theme.tabIcon + Theme.smallSpacing
             radius: height / 2
             relief: tab.selected || tab.down ? Surface.Pressed : Surface.Flat

@@ -44,7 +44,7 @@ FocusScope {
         verticalAlignment: Text.AlignVCenter
         color: activeFocus ? Theme.text : "transparent"
         selectionColor: Theme.accent
-        selectedTextColor: Theme.onAccent
+        selectedTextColor: Theme.accentInk
         font.family: Theme.fontFamily
         font.pixelSize: figures.shownSize
         font.weight: Font.Bold

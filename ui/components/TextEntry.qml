@@ -16,7 +16,7 @@ T.TextField {
     color: Theme.text
     placeholderTextColor: Theme.secondaryText
     selectionColor: Theme.accent
-    selectedTextColor: Theme.onAccent
+    selectedTextColor: Theme.accentInk
     selectByMouse: true
     font.family: Theme.fontFamily
     font.pixelSize: Theme.bodySize

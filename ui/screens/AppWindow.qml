@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Tamsel.App
 import Tamsel.List
@@ -101,10 +99,7 @@ Window {
             anchors.fill: parent
             visible: window.tab === 1
             active: visible || item !== null
-            sourceComponent: HistoryScreen {
-                focus: true
-                onPracticeRequested: window.tabs.selectedTabIndex = 0
-            }
+            source: "HistoryScreen.qml"
         }
 
         Loader {
@@ -113,9 +108,15 @@ Window {
             anchors.fill: parent
             visible: window.tab === 2
             active: visible || item !== null
-            sourceComponent: ThanksScreen {
-                focus: true
-            }
+            source: "ThanksScreen.qml"
+        }
+    }
+
+    Connections {
+        target: history.item as HistoryScreen
+
+        function onPracticeRequested() {
+            window.tabs.selectedTabIndex = 0;
         }
     }
 

@@ -7,6 +7,8 @@ FocusScope {
 
     signal practiceRequested()
 
+    focus: true
+
     readonly property int margin: Math.max(Theme.screenMargin, Math.floor((width - Theme.contentWidth) / 2))
 
     ScreenTitle {

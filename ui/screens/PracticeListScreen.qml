@@ -69,9 +69,6 @@ FocusScope {
     ListView {
         id: items
 
-        readonly property PracticeListHeader titles: headerItem as PracticeListHeader
-        readonly property real rowsTop: originY + (titles ? titles.height : 0)
-
         objectName: "exercise_list"
         anchors.top: title.bottom
         anchors.bottom: bar.top
@@ -79,14 +76,25 @@ FocusScope {
         width: parent.width
         clip: true
         visible: !screen.isEmpty
-        model: titles && titles.itemsExpanded ? screen.list.exerciseRows : null
+        model: titles.itemsExpanded ? screen.list.exerciseRows : null
+        topMargin: titles.height
         bottomMargin: Theme.hugeSpacing
         boundsBehavior: Flickable.StopAtBounds
         reuseItems: true
         currentIndex: 0
         highlightMoveDuration: Theme.transition
 
-        header: PracticeListHeader {
+        // What is at the top stays there while the titles above it grow or shrink.
+        onTopMarginChanged: {
+            if (contentY < originY)
+                contentY = originY - topMargin;
+        }
+
+        PracticeListHeader {
+            id: titles
+
+            parent: items.contentItem
+            y: items.originY - height
             width: items.width
             margin: screen.margin
             list: screen.list
@@ -112,11 +120,10 @@ FocusScope {
         Surface {
             parent: items.contentItem
             visible: items.count > 0
-            z: -1
             x: screen.margin
-            y: items.rowsTop
+            y: items.originY
             width: screen.columnWidth
-            height: items.originY + items.contentHeight - y
+            height: items.contentHeight
         }
     }
 

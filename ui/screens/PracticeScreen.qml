@@ -9,13 +9,14 @@ FocusScope {
     required property PracticeViewModel practice
 
     // Tools stand beside the metronome where the window is wide, below it where it is not.
-    readonly property bool beside: width >= Theme.twoColumnWidth
+    readonly property bool beside: width >= Theme.twoColumnWidth && width > height
+    readonly property bool roomy: beside || width >= Theme.contentWidth
     readonly property int margin: beside ? Theme.largeSpacing
                                          : Math.max(Theme.screenMargin, Math.floor((width - Theme.contentWidth) / 2))
     readonly property int columnWidth: beside ? Math.floor((Math.min(width, 2 * Theme.contentWidth) - 3 * margin) / 2)
                                               : width - 2 * margin
 
-    signal left()
+    signal leaveRequested()
 
     Keys.onPressed: event => {
         const metronome = screen.practice.metronomeViewModel;
@@ -31,7 +32,7 @@ FocusScope {
         else if (event.key === Qt.Key_PageDown)
             metronome.minusLongPressed();
         else if (event.key === Qt.Key_Escape || event.key === Qt.Key_Back || event.matches(StandardKey.Back))
-            screen.left();
+            screen.leaveRequested();
         else
             event.accepted = false;
     }
@@ -46,13 +47,15 @@ FocusScope {
         x: Theme.spacing
         width: parent.width - 2 * Theme.spacing
         text: screen.practice.exerciseName
-        onBack: screen.left()
+        onBack: screen.leaveRequested()
     }
 
     Flickable {
         id: scroller
 
+        // Reaches under the header, where the shadow of the first card ends.
         anchors.top: header.bottom
+        anchors.topMargin: -Theme.spacing
         anchors.bottom: parent.bottom
         width: parent.width
         contentHeight: page.height
@@ -62,20 +65,21 @@ FocusScope {
         Item {
             id: page
 
-            readonly property int stackedHeight: hero.implicitHeight + tools.height + Theme.largeSpacing
-            readonly property int need: (screen.beside ? Math.max(hero.implicitHeight, tools.height) : stackedHeight)
-                                        + Theme.spacing + Theme.hugeSpacing
+            readonly property int stackedHeight: hero.height + tools.height + Theme.largeSpacing
 
             width: parent.width
-            height: Math.max(need, screen.beside ? scroller.height : 0)
+            height: (screen.beside ? Math.max(hero.height, tools.height) : stackedHeight)
+                    + 2 * Theme.spacing + Theme.hugeSpacing
 
             MetronomeCard {
                 id: hero
 
                 x: screen.beside ? Math.round((page.width - 2 * screen.columnWidth - screen.margin) / 2) : screen.margin
-                y: Theme.spacing
+                y: 2 * Theme.spacing
                 width: screen.columnWidth
-                height: screen.beside ? Math.min(page.height - y - Theme.hugeSpacing, 620) : implicitHeight
+                height: implicitHeight
+                roomHeight: screen.roomy ? Math.min(scroller.height - y - Theme.hugeSpacing,
+                                                    Math.round(width * 0.86)) : 0
                 metronome: screen.practice.metronomeViewModel
                 caption: screen.practice.savedTempoText
             }

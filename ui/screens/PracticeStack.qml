@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Tamsel.List
 import Tamsel.Ui
@@ -19,14 +17,29 @@ FocusScope {
             list.forceActiveFocus(Qt.OtherFocusReason);
     }
 
-    onPractisingChanged: takeFocus()
+    // The screen keeps the model that it was made for, and goes before a new one comes.
+    function showPractice() {
+        practice.source = "";
+        if (practising)
+            practice.setSource("PracticeScreen.qml", {"practice": navigation.practiceViewModel, "focus": true});
+        takeFocus();
+    }
+
+    Component.onCompleted: showPractice()
+
+    Connections {
+        target: stack.navigation
+
+        function onPracticeViewModelChanged() {
+            stack.showPractice();
+        }
+    }
 
     PracticeListScreen {
         id: list
 
         anchors.fill: parent
         visible: !stack.practising
-        focus: !stack.practising
         list: stack.navigation.practiceList
     }
 
@@ -34,12 +47,13 @@ FocusScope {
         id: practice
 
         anchors.fill: parent
-        active: stack.practising
-        focus: stack.practising
-        sourceComponent: PracticeScreen {
-            focus: true
-            practice: stack.navigation.practiceViewModel
-            onLeft: stack.navigation.pop()
+    }
+
+    Connections {
+        target: practice.item as PracticeScreen
+
+        function onLeaveRequested() {
+            stack.navigation.pop();
         }
     }
 }

@@ -5,6 +5,8 @@ import Tamsel.Ui
 FocusScope {
     id: screen
 
+    focus: true
+
     readonly property int margin: Math.max(Theme.screenMargin, Math.floor((width - Theme.contentWidth) / 2))
 
     ScreenTitle {
@@ -17,6 +19,7 @@ FocusScope {
 
     Flickable {
         anchors.top: title.bottom
+        anchors.topMargin: -Theme.spacing
         anchors.bottom: parent.bottom
         width: parent.width
         contentHeight: card.height + 2 * Theme.hugeSpacing
@@ -27,7 +30,7 @@ FocusScope {
             id: card
 
             x: screen.margin
-            y: Theme.spacing
+            y: 2 * Theme.spacing
             width: screen.width - 2 * screen.margin
             radius: Theme.heroRadius
             padding: Theme.largeSpacing + Theme.tightSpacing

@@ -19,7 +19,7 @@ ActionSheet {
     visible: shown
     title: "Timer"
     options: practice.timerExists ? runOptions : practice.timerMenuOptions
-    columns: practice.timerExists ? 1 : 3
+    columns: practice.timerExists ? 1 : Theme.textScale > 1.3 ? 2 : 3
     onDismissed: shown = false
     onChosen: index => {
         shown = false;

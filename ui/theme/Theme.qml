@@ -18,7 +18,7 @@ QtObject {
     readonly property color secondaryText: dark ? "#a3acc0" : "#5a6478"
     readonly property color accent: dark ? "#98a2ff" : "#4a55c9"
     readonly property color accentPressed: dark ? "#858fe8" : "#3f49b0"
-    readonly property color onAccent: dark ? "#22262f" : "#ffffff"
+    readonly property color accentInk: dark ? "#22262f" : "#ffffff"
     readonly property color secondAccent: dark ? "#f0a06a" : "#e07a3f"
     readonly property color thumbsUp: dark ? "#55b878" : "#35894f"
     readonly property color thumbsDown: dark ? "#e27368" : "#c8574b"
@@ -29,9 +29,9 @@ QtObject {
     readonly property color pressedRow: dark ? "#2b303b" : "#dde3ec"
     readonly property color accentHaze: dark ? "#2e98a2ff" : "#244a55c9"
     readonly property color bell: dark ? "#f0a06a" : "#e07a3f"
-    readonly property color bellHaze: dark ? "#1ff0a06a" : "#1fe07a3f"
+    readonly property color bellHaze: dark ? "#1cf0a06a" : "#1ae07a3f"
     readonly property color warningGround: dark ? "#4a3524" : "#fbe3d2"
-    readonly property color onWarning: dark ? "#ffd9bd" : "#6b3413"
+    readonly property color warningInk: dark ? "#ffd9bd" : "#6b3413"
     readonly property color clearGround: dark ? "#0022262f" : "#00e9edf3"
     readonly property color scrim: dark ? "#99000000" : "#59252b39"
     readonly property color shadow: dark ? "#73000000" : "#8c9eacc4"
@@ -61,11 +61,17 @@ QtObject {
     readonly property int regularButton: 52
     readonly property int largeButton: 64
     readonly property int extraLargeButton: 104
-    readonly property int smallIcon: 16
-    readonly property int icon: 20
-    readonly property int tabIcon: 24
-    readonly property int largeIcon: 32
-    readonly property int hugeIcon: 56
+    // Icons grow with the text beside them, up to where they would crowd it out.
+    readonly property real iconScale: Math.max(1, Math.min(textScale, 1.5))
+    readonly property int smallIcon: Math.round(16 * iconScale)
+    readonly property int icon: Math.round(20 * iconScale)
+    readonly property int tabIcon: Math.round(24 * iconScale)
+    readonly property int largeIcon: Math.round(32 * iconScale)
+    readonly property int hugeIcon: 44
+    // In the order of RoundButton.Size.
+    readonly property var buttonSides: [smallButton, regularButton, largeButton, extraLargeButton]
+    readonly property var buttonIcons: [Math.round(18 * iconScale), Math.round(20 * iconScale),
+                                        Math.round(24 * iconScale), 44]
     // A column of text and cards is not wider than this, however wide the window.
     readonly property int contentWidth: 560
     // From this width on, a screen has room for two columns.
