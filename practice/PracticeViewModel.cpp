@@ -283,6 +283,8 @@ QList<RecentPracticeSession> PracticeViewModel::recentPracticeSessionRows() cons
 }
 
 QString PracticeViewModel::todayText() const {
+    if (m_recentPracticeSessions.isEmpty())
+        return {};
     qint64 total = 0;
     for (const PracticeSession& session : m_recentPracticeSessions)
         total = checkedAdd(total, session.seconds);

@@ -110,6 +110,7 @@ public:
     // Today's sessions of the item, newest first.
     const QList<PracticeSession>& recentPracticeSessions() const { return m_recentPracticeSessions; }
     QList<RecentPracticeSession> recentPracticeSessionRows() const;
+    // How long the item was practised today; empty without a session.
     QString todayText() const;
 
     // A run of whole minutes, at least 1.

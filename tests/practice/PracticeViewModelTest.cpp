@@ -228,6 +228,8 @@ TEST_F(PracticeViewModelTest, OneSaveEndsTheTimerFirstAndLeavingEndsBoth) {
 }
 
 TEST_F(PracticeViewModelTest, RecentSessionsAreTodaysOfThisItemNewestFirst) {
+    open();
+    EXPECT_EQ(model->todayText(), QString());
     const Exercise other{QStringLiteral("Étude 9"), test::SequentialUuids::numbered(102)};
     const auto record = [this](const Exercise& exercise, qint64 seconds, SessionType type) {
         world.singletons->history.record(*PracticeSession::make(world.clock.now(), exercise, seconds, type));
