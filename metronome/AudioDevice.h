@@ -34,6 +34,10 @@ public:
     virtual std::optional<qint64> position() = 0;
     // How far ahead of what is heard the stream was asked to take its frames.
     virtual std::chrono::nanoseconds requestedLatency() const = 0;
+
+    // Asks the system to run the thread that calls the mixer ahead of ordinary ones, once that thread is known. While
+    // the stream runs.
+    virtual void hurry() = 0;
 };
 
 } // namespace tamsel

@@ -29,9 +29,9 @@ bool ClickMixer::order(const SoundBuffer& sound, qint64 sampleTime, Timeline tim
     return pushOrder({&sound, sampleTime, timeline});
 }
 
-bool ClickMixer::orderNow(const SoundBuffer& sound) {
+bool ClickMixer::orderFree(const SoundBuffer& sound, qint64 streamFrame) {
     // Half of the room stays free for the clicks.
-    return m_waiting < capacity / 2 && pushOrder({&sound, 0, noTimeline});
+    return m_waiting < capacity / 2 && pushOrder({&sound, streamFrame, noTimeline});
 }
 
 void ClickMixer::play(Timeline timeline) {
@@ -60,11 +60,9 @@ void ClickMixer::reset() {
     m_lastBlock.store(0);
 }
 
-std::optional<qint64> ClickMixer::timelineStart() const {
+qint64 ClickMixer::timelineStart() const {
     const qint64 start = m_timelineStart.load(std::memory_order_acquire);
-    if (start == notStarted)
-        return std::nullopt;
-    return start;
+    return start == notStarted ? std::max(framesRendered(), m_runIn) : start;
 }
 
 // Audio side
@@ -72,11 +70,6 @@ std::optional<qint64> ClickMixer::timelineStart() const {
 void ClickMixer::render(std::span<float> samples) {
     const qint64 frames = static_cast<qint64>(samples.size()) / channelCount;
     m_lastBlock.store(frames, std::memory_order_relaxed);
-    if (m_frame == 0) {
-        std::ranges::fill(samples, 0.0F);
-        advance(frames);
-        return;
-    }
     while (!samples.empty()) {
         const Rendered part = renderUntilNotice(samples);
         samples = samples.subspan(static_cast<std::size_t>(part.frames * channelCount));
@@ -104,7 +97,7 @@ void ClickMixer::followTimeline() {
         endVoices();
     }
     if ((state & 1) != 0 && m_start == notStarted)
-        m_start = m_frame;
+        m_start = std::max(m_frame, m_runIn);
     m_timelineStart.store(m_start, std::memory_order_release);
 }
 
@@ -134,7 +127,8 @@ void ClickMixer::takeOrders() {
 }
 
 void ClickMixer::addVoice(const Order& order) {
-    const qint64 start = order.timeline == noTimeline ? m_frame : m_start + order.sampleTime;
+    const qint64 start =
+        order.timeline == noTimeline ? std::max(m_frame, order.sampleTime) : m_start + order.sampleTime;
     m_voices[m_voiceCount++] = {order.sound, start, std::max(start, m_frame), order.timeline, false};
 }
 

@@ -17,7 +17,7 @@ namespace tamsel {
 // Turns orders ("this sound at that sample") into interleaved stereo samples: what the audio callback runs, and what
 // the offline output runs. One thread gives orders and takes notices, one thread renders.
 //
-// Orders belong to a timeline, whose clock starts with the first frame rendered after play(). Closing it makes every
+// Orders belong to a timeline, whose clock starts with the first frame rendered after play(). Ending it makes every
 // order that was given for it void. When the first frame of a sound is rendered, its notice is given: from then on its
 // samples are fixed and need nothing from whoever ordered it. An order that comes after its sample keeps its position
 // in time and loses the head that was missed. Where sounds overlap they are added; the sum is clipped to ±1.
@@ -30,6 +30,9 @@ public:
 
     using Timeline = std::uint32_t;
 
+    // No timeline begins within the first `runInFrames` of a stream.
+    explicit ClickMixer(qint64 runInFrames = 0) : m_runIn(runInFrames) {}
+
     // Any thread. Ends the open timeline, opens the next and returns it. No frame that a later call renders contains a
     // sound of the one that ended.
     Timeline openTimeline();
@@ -37,8 +40,9 @@ public:
     // Ordering thread. The sound must be non-interleaved stereo and outlive its playing. False, and nothing ordered,
     // when too many orders wait. An order for a timeline that has ended never sounds.
     [[nodiscard]] bool order(const SoundBuffer& sound, qint64 sampleTime, Timeline timeline);
-    // Ordering thread. The same for a sound of no timeline, which starts with the next frame.
-    [[nodiscard]] bool orderNow(const SoundBuffer& sound);
+    // Ordering thread. The same for a sound of no timeline: it starts with that frame of the stream or, where that has
+    // passed, with the next one.
+    [[nodiscard]] bool orderFree(const SoundBuffer& sound, qint64 streamFrame);
     // Ordering thread. Starts the clock of that timeline, unless it has ended.
     void play(Timeline timeline);
     // Ordering thread. How many notices have come for sounds of that timeline since the last call.
@@ -49,21 +53,21 @@ public:
 
     // Any thread. Frames rendered since the start of the stream.
     qint64 framesRendered() const { return m_framesRendered.load(std::memory_order_acquire); }
-    // Any thread. The frame of the stream that is sample 0 of the open timeline; none before its clock has started.
-    std::optional<qint64> timelineStart() const;
+    // Any thread. The frame of the stream that is sample 0 of the open timeline: before its clock has started, the
+    // first that could be.
+    qint64 timelineStart() const;
     // Any thread. The size of the block that was rendered last, in frames.
     qint64 lastBlock() const { return m_lastBlock.load(std::memory_order_relaxed); }
 
-    // Audio thread only. Realtime-safe. Fills the block for a device. The first block of a stream is silence: a device
-    // asks there for all that its buffer holds at once, more than the orders that wait may reach.
+    // Audio thread only. Realtime-safe. Fills the whole block.
     void render(std::span<float> samples);
 
     struct Rendered {
         qint64 frames; // how many were made
-        bool notice;   // whether the last of them is the first of a sound
+        bool notice;   // whether a notice was given with the last of them
     };
-    // Audio thread only. Realtime-safe. Fills the block up to and including the first frame of the next sound, or to
-    // its end.
+    // Audio thread only. Realtime-safe. Fills the block up to and including the frame of the next notice, or to its
+    // end.
     Rendered renderUntilNotice(std::span<float> samples);
 
 private:
@@ -98,6 +102,7 @@ private:
     void dropVoices(Condition condition);
     void advance(qint64 frames);
 
+    const qint64 m_runIn;
     SpscRing<Order, capacity> m_orders;
     SpscRing<Timeline, capacity> m_notices;
     // The open timeline in the upper bits; the lowest tells whether its clock has been started.

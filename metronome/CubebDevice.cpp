@@ -1,14 +1,17 @@
 #include "metronome/CubebDevice.h"
 
+#include "metronome/RealtimeThread.h"
+
 #include <algorithm>
 
 namespace tamsel {
 
 namespace {
 
-// 25 milliseconds, rounded up: little enough that a press and its first click belong together, enough that a busy
-// machine does not interrupt the sound.
-constexpr std::uint32_t shortestLatencyFrames = (AudioDevice::sampleRate + 39) / 40;
+// 75 milliseconds, rounded up. With a third of it, a machine whose processors were all busy interrupted the sound every
+// few seconds, with two thirds every few minutes. The first click does not wait for it: a stream is heard from its
+// first frame on.
+constexpr std::uint32_t shortestLatencyFrames = (3 * AudioDevice::sampleRate + 39) / 40;
 
 cubeb_stream_params streamParameters() {
     return {CUBEB_SAMPLE_FLOAT32NE, AudioDevice::sampleRate, ClickMixer::channelCount, CUBEB_LAYOUT_STEREO,
@@ -43,6 +46,7 @@ std::optional<QString> CubebDevice::open(ClickMixer& mixer) {
     if (result != CUBEB_OK) {
         // The sound server that the context knew may have gone, and another may have come.
         m_context.reset();
+        m_hurriedThread = {};
         connect();
         result = openStream(mixer);
     }
@@ -59,6 +63,7 @@ int CubebDevice::openStream(ClickMixer& mixer) {
     cubeb_get_min_latency(m_context.get(), &parameters, &least);
     m_latencyFrames = std::max(least, shortestLatencyFrames);
     m_failed.store(false);
+    m_renderThread.store({});
     m_mixer = &mixer;
     cubeb_stream* stream = nullptr;
     const int result = cubeb_stream_init(m_context.get(), &stream, "Metronome", nullptr, nullptr, nullptr, &parameters,
@@ -90,9 +95,19 @@ std::chrono::nanoseconds CubebDevice::requestedLatency() const {
     return std::chrono::nanoseconds(std::chrono::seconds(m_latencyFrames)) / sampleRate;
 }
 
+void CubebDevice::hurry() {
+    const pthread_t thread = m_renderThread.load();
+    if (thread == pthread_t{} || thread == m_hurriedThread)
+        return;
+    m_hurriedThread = thread;
+    requestRealtime(thread);
+}
+
 long CubebDevice::render(cubeb_stream*, void* device, const void*, void* output, long frames) {
+    CubebDevice& self = *static_cast<CubebDevice*>(device);
+    self.m_renderThread.store(pthread_self(), std::memory_order_relaxed);
     const std::size_t samples = static_cast<std::size_t>(frames) * ClickMixer::channelCount;
-    static_cast<CubebDevice*>(device)->m_mixer->render({static_cast<float*>(output), samples});
+    self.m_mixer->render({static_cast<float*>(output), samples});
     return frames;
 }
 

@@ -3,8 +3,10 @@
 #include "metronome/AudioDevice.h"
 
 #include <cubeb/cubeb.h>
+#include <pthread.h>
 
 #include <atomic>
+#include <cstdint>
 #include <memory>
 
 namespace tamsel {
@@ -23,6 +25,7 @@ public:
     bool failed() const override { return m_failed.load(); }
     std::optional<qint64> position() override;
     std::chrono::nanoseconds requestedLatency() const override;
+    void hurry() override;
 
 private:
     struct ContextEnd {
@@ -43,6 +46,8 @@ private:
     ClickMixer* m_mixer = nullptr;
     std::uint32_t m_latencyFrames;
     std::atomic<bool> m_failed = false;
+    std::atomic<pthread_t> m_renderThread{}; // the one that rendered last; zero before there is one
+    pthread_t m_hurriedThread{};
 };
 
 } // namespace tamsel

@@ -80,7 +80,7 @@ void OfflineOutput::stop() {
 }
 
 void OfflineOutput::playAlert(const SoundBuffer& sound) {
-    m_queue->async([this, &sound] { static_cast<void>(m_mixer.orderNow(sound)); });
+    m_queue->async([this, &sound] { static_cast<void>(m_mixer.orderFree(sound, 0)); });
 }
 
 void OfflineOutput::passOnNotices() {
