@@ -200,10 +200,10 @@ Q_ALWAYS_INLINE bool Reader::read(Value& source, QString& target) {
         if (!makeText(source, *raw, entry.text))
             return false;
         entry.isNew = false;
-        target = entry.text;
+        target = QString(entry.text); // moved in, which is inline
         return true;
     }
-    target = entry.text;
+    target = QString(entry.text); // moved in, which is inline
     return !source.get_raw_json_string().error();
 }
 

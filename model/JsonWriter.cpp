@@ -85,20 +85,24 @@ constexpr bool isPlain(char16_t unit) {
     return unit >= 0x20 && unit < 0x80 && unit != u'"' && unit != u'\\';
 }
 
-// How many of the first units are plain, to whole blocks of eight; their bytes are copied to `at`.
-qsizetype copyPlainBlocks(char* at, const char16_t* text, qsizetype size) {
+// Copies the first units as bytes for as long as they are plain, in blocks of eight. Returns how many.
+qsizetype copyPlain(char* at, const char16_t* text, qsizetype size) {
     constexpr qsizetype block = 8;
-    qsizetype done = 0;
-    for (; size - done >= block; done += block) {
+    const auto copyBlock = [at, text](qsizetype from) {
         bool plain = true;
-        for (qsizetype i = done; i < done + block; ++i) {
+        for (qsizetype i = from; i < from + block; ++i) {
             plain &= isPlain(text[i]);
             at[i] = static_cast<char>(text[i]);
         }
-        if (!plain)
-            break;
+        return plain;
+    };
+    qsizetype done = 0;
+    for (; size - done >= block; done += block) {
+        if (!copyBlock(done))
+            return done;
     }
-    return done;
+    // The last block reaches back into the one before.
+    return size >= block && copyBlock(size - block) ? size : done;
 }
 
 } // namespace
@@ -116,7 +120,8 @@ void Writer::finish() {
 
 void Writer::grow(qsizetype size) {
     const qsizetype length = m_at - m_buffer.constData();
-    m_buffer.resize(std::max(2 * m_buffer.size(), length + size));
+    m_buffer.reserve(std::max(2 * length, length + size)); // exactly: resize alone would round up to a power of two
+    m_buffer.resize(m_buffer.capacity());
     m_at = m_buffer.data() + length;
     m_end = m_buffer.data() + m_buffer.size();
 }
@@ -159,9 +164,10 @@ bool Writer::write(const QString& value) {
     ensureRoom(6 * value.size() + 2);
     put('"');
     const char16_t* text = QStringView(value).utf16();
-    const qsizetype plain = copyPlainBlocks(m_at, text, value.size());
+    const qsizetype plain = copyPlain(m_at, text, value.size());
     m_at += plain;
-    putPlainOrEscaped(text + plain, value.size() - plain);
+    if (plain < value.size())
+        putPlainOrEscaped(text + plain, value.size() - plain);
     put('"');
     return true;
 }
