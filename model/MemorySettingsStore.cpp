@@ -12,7 +12,7 @@ std::optional<SettingsValue> MemorySettingsStore::value(const QString& key) cons
 }
 
 void MemorySettingsStore::set(const QString& key, SettingsValue value) {
-    m_values.insert(key, std::move(value));
+    m_values[key] = std::move(value);
 }
 
 void MemorySettingsStore::replaceTail(const QString& key, qsizetype keptBytes, QByteArrayView tail) {

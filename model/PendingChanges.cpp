@@ -2,22 +2,23 @@
 
 #include "model/DataTail.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tamsel {
 
 void PendingChanges::set(const QString& key, SettingsValue value) {
-    m_changes.insert(key, std::move(value));
+    m_changes[key] = std::move(value);
 }
 
 void PendingChanges::remove(const QString& key) {
-    m_changes.insert(key, Removal());
+    m_changes[key] = Removal();
 }
 
 void PendingChanges::replaceTail(const QString& key, qsizetype keptBytes, QByteArrayView tail) {
     const auto found = m_changes.find(key);
     if (found == m_changes.end()) {
-        m_changes.insert(key, Tail{keptBytes, tail.toByteArray()});
+        m_changes[key] = Tail{keptBytes, tail.toByteArray()};
     } else if (auto* earlier = std::get_if<Tail>(&*found)) {
         requireKeptBytes(keptBytes, earlier->keptBytes + earlier->bytes.size());
         earlier->bytes.truncate(std::max<qsizetype>(keptBytes - earlier->keptBytes, 0));
