@@ -117,14 +117,22 @@ void Tour::practise() {
     waitUntil(QStringLiteral("today's log shows the session"),
               [&] { return lookFor(QStringLiteral("daily_log_row_0")) != nullptr; });
     picture(QStringLiteral("list-log"));
+
+    tap(QStringLiteral("daily_log_row_0"));
+    waitUntil(QStringLiteral("the row opens its item"), [&] { return navigation.practiceViewModel() != nullptr; });
+    tap(QStringLiteral("stopwatch_button"));
+    waitUntil(QStringLiteral("the stopwatch counts"),
+              [&] { return navigation.practiceViewModel()->stopwatchSeconds().value_or(0) >= 10; });
+    tell(QStringLiteral("ended the app while a stopwatch ran"));
 }
 
 void Tour::findPracticeAgain() {
     const auto& log = m_app.singletons().dailyLog.practiceSessions();
     waitUntil(QStringLiteral("today's log shows the session after a restart"),
               [&] { return lookFor(QStringLiteral("daily_log_row_0")) != nullptr; });
-    expect(QStringLiteral("the log has one session of the item"),
-           log.size() == 1 && log.first().exercise.name == itemName);
+    expect(QStringLiteral("the log has the item's session"), log.size() == 2 && log.first().exercise.name == itemName);
+    expect(QStringLiteral("what ran when the app ended was saved"),
+           log.last().type == SessionType::stopwatch && log.last().seconds >= 10);
     expect(QStringLiteral("the history has its event"),
            m_app.singletons().history.events().size() == 1 &&
                m_app.singletons().history.events().first().practiceTime >= 1);
@@ -152,7 +160,7 @@ void Tour::findPracticeAgain() {
     tap(QStringLiteral("thanks_tab"));
     picture(QStringLiteral("thanks"));
     writeDocuments();
-    tell(QStringLiteral("started again and found the session in today's log, at the saved tempo"));
+    tell(QStringLiteral("started again and found both sessions in today's log, at the saved tempo"));
 }
 
 QQuickItem* Tour::lookFor(const QString& identifier) const {

@@ -48,7 +48,9 @@ std::vector<qint64> TourAudio::onsets() const {
 }
 
 bool TourAudio::write(const QString& path) const {
-    return writeWav(path, m_samples, m_output.sampleRate());
+    WavFile file(path, m_output.sampleRate(), static_cast<qint64>(m_samples.size()) / OfflineOutput::channelCount);
+    file.write(m_samples);
+    return file.finish();
 }
 
 } // namespace tamsel

@@ -1,5 +1,6 @@
 #include "reports/TimeRange.h"
 
+#include "model/Json.h"
 #include "model/SettingsKeys.h"
 #include "platform/FatalError.h"
 #include "platform/Log.h"
@@ -41,9 +42,9 @@ std::optional<TimeRange> preferredTimeRange(const SettingsStore& store) {
     const auto data = store.data(keys::preferredTimeRange);
     if (!data)
         return std::nullopt;
-    bool isNumber = false;
-    const auto range = timeRangeOf(data->trimmed().toLongLong(&isNumber));
-    if (!isNumber || !range)
+    const auto number = json::decode<qint64>(*data, keys::preferredTimeRange);
+    const auto range = number ? timeRangeOf(*number) : std::nullopt;
+    if (!range)
         return std::nullopt;
     if (!offeredTimeRanges().contains(*range)) {
         log(QStringLiteral("Unable to use saved timeRange, likely experimental"));
