@@ -4,6 +4,8 @@
 #include <QMap>
 #include <QString>
 
+#include <memory>
+
 namespace tamsel::test {
 
 // SQLite's file system for as long as it lives: the system's own, whose writes and syncs are counted and fail on
@@ -31,11 +33,12 @@ public:
     QMap<QString, QByteArray> syncedFiles(const QString& folder) const;
 
 private:
-    friend struct FileCalls;
+    struct Calls;
 
     // The code to fail a write, truncation or sync with; 0 to let it pass.
     int nextResult(int failure);
 
+    const std::unique_ptr<Calls> m_calls;
     int m_passing = 0;
     int m_failure = 0;
     Duration m_duration = Duration::once;
