@@ -74,18 +74,22 @@ Exercise Exercises::add(const QString& name) {
     return exercise;
 }
 
-void Exercises::rename(const Exercise& exercise, const QString& name, const Completion& completion) {
+// What is given to the following may lie in the lists that they replace; hence the copies.
+
+void Exercises::rename(const Exercise& given, const QString& name, const Completion& completion) {
+    const Exercise renamed{name, given.id};
     QList<Exercise> items = m_items;
     QList<Exercise> archived = m_archivedItems;
-    if (renameIn(items, exercise.id, name))
+    if (renameIn(items, renamed.id, name))
         setItems(std::move(items));
-    else if (renameIn(archived, exercise.id, name))
+    else if (renameIn(archived, renamed.id, name))
         setArchivedItems(std::move(archived));
     if (completion)
-        completion({name, exercise.id});
+        completion(renamed);
 }
 
-void Exercises::archive(const Exercise& exercise, const Completion& completion) {
+void Exercises::archive(const Exercise& given, const Completion& completion) {
+    const Exercise exercise = given;
     QList<Exercise> items = m_items;
     if (items.removeAll(exercise) > 0) {
         // Together, so that no crash between the two lists can lose the item or show it twice.
@@ -108,7 +112,8 @@ void Exercises::unarchive(const Exercise& exercise) {
     });
 }
 
-void Exercises::remove(const Exercise& exercise) {
+void Exercises::remove(const Exercise& given) {
+    const Exercise exercise = given;
     QList<Exercise> items = m_items;
     QList<Exercise> archived = m_archivedItems;
     const bool wasActive = items.removeAll(exercise) > 0;
