@@ -25,9 +25,12 @@ enum class WhenAbsent { fails, keepsInitialValue };
 // always be absent; any other is always written.
 template <class Record, class Member>
 struct Field {
+    constexpr Field(std::string_view keyInJson, Member Record::*memberOfRecord, WhenAbsent absence = WhenAbsent::fails)
+        : key(keyInJson), member(memberOfRecord), whenAbsent(absence) {}
+
     std::string_view key; // plain ASCII, nothing that JSON escapes
     Member Record::*member;
-    WhenAbsent whenAbsent = WhenAbsent::fails;
+    WhenAbsent whenAbsent;
 };
 
 // Specialised for each record: `all`, a tuple of its fields in the order of writing, the first of them not optional.

@@ -256,7 +256,7 @@ bool Reader::skip(Value source) {
             return failMalformed();
         for (auto each : array) {
             Value element;
-            if (std::move(each).get(element))
+            if (each.get(element))
                 return failMalformed();
             if (!skip(element))
                 return false;

@@ -374,7 +374,7 @@ template <class Each>
 bool Reader::forEachElement(Array array, qsizetype index, Each each) {
     for (auto element : array) {
         Value value;
-        if (std::move(element).get(value)) [[unlikely]]
+        if (element.get(value)) [[unlikely]]
             return failMalformed() || failAt(index);
         if (!each(value)) [[unlikely]]
             return failAt(index);

@@ -55,10 +55,9 @@ char* putEscape(char* at, char16_t unit) {
         return at;
     }
     constexpr std::string_view digits = "0123456789abcdef";
-    std::memcpy(at, "u00", 3);
-    at[3] = digits[(unit >> 4) & 15];
-    at[4] = digits[unit & 15];
-    return at + 5;
+    for (const char byte : {'u', '0', '0', digits[(unit >> 4) & 15], digits[unit & 15]})
+        *at++ = byte;
+    return at;
 }
 
 char* putUtf8(char* at, char32_t code) {
