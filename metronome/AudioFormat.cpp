@@ -10,12 +10,11 @@ std::optional<AudioFormat> AudioFormat::standard(double sampleRate, int channelC
     return AudioFormat{sampleRate, channelCount, Layout::NonInterleaved};
 }
 
-QString description(const AudioFormat& format) {
-    const bool interleaved = format.layout == AudioFormat::Layout::Interleaved;
+QString AudioFormat::description() const {
     return QStringLiteral("%1 ch, %2 Hz, Float32, %3")
-        .arg(format.channelCount)
-        .arg(format.sampleRate)
-        .arg(interleaved ? QStringLiteral("interleaved") : QStringLiteral("non-interleaved"));
+        .arg(channelCount)
+        .arg(sampleRate)
+        .arg(layout == Layout::Interleaved ? QStringLiteral("interleaved") : QStringLiteral("non-interleaved"));
 }
 
 } // namespace tamsel

@@ -18,10 +18,10 @@ struct AudioFormat {
     // is not positive.
     static std::optional<AudioFormat> standard(double sampleRate, int channelCount);
 
+    // The printed form, such as "2 ch, 44100 Hz, Float32, non-interleaved".
+    QString description() const;
+
     bool operator==(const AudioFormat&) const = default;
 };
-
-// The printed form, such as "2 ch, 44100 Hz, Float32, non-interleaved".
-QString description(const AudioFormat& format);
 
 } // namespace tamsel

@@ -153,7 +153,7 @@ void DeviceOutput::stop() {
 void DeviceOutput::endTimeline() {
     m_timelineOpen = false;
     closeStream();
-    while (!m_inFlight.empty())
+    for (std::size_t count = m_inFlight.size(); count > 0; --count)
         finishOne();
 }
 

@@ -42,8 +42,8 @@ std::span<const float> SoundBuffer::frames() const {
     return {m_samples.get(), std::size_t{m_frameLength} * static_cast<std::size_t>(m_format.channelCount)};
 }
 
-QString description(const SoundBuffer& buffer) {
-    return QStringLiteral("%1 of %2 frames").arg(buffer.frameLength()).arg(buffer.frameCapacity());
+QString SoundBuffer::description() const {
+    return QStringLiteral("%1 of %2 frames").arg(m_frameLength).arg(m_frameCapacity);
 }
 
 } // namespace tamsel

@@ -30,6 +30,9 @@ public:
     std::span<float> frames();
     std::span<const float> frames() const;
 
+    // The printed form, such as "882 of 882 frames".
+    QString description() const;
+
 private:
     SoundBuffer(const AudioFormat& format, quint32 frameCapacity, std::unique_ptr<float[]> samples);
 
@@ -38,8 +41,5 @@ private:
     quint32 m_frameLength = 0;
     std::unique_ptr<float[]> m_samples;
 };
-
-// The printed form, such as "882 of 882 frames".
-QString description(const SoundBuffer& buffer);
 
 } // namespace tamsel

@@ -38,7 +38,7 @@ QString floatText(float value) {
 } // namespace
 
 void TriangleWaveGenerator::fill(SoundBuffer& buffer) {
-    log(QStringLiteral("Buffer: %1 %2").arg(description(buffer.format()), description(buffer)));
+    log(QStringLiteral("Buffer: %1 %2").arg(buffer.format().description(), buffer.description()));
     const float step = freqHz / sampleRate;
     const int channelCount = buffer.format().channelCount;
     const bool interleaved = buffer.format().layout == AudioFormat::Layout::Interleaved;
