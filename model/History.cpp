@@ -56,9 +56,9 @@ void History::record(const PracticeSession& session) {
     // Together: the log and the journal agree whatever happens between the two.
     m_userDefaults.atomically([&] {
         m_dailyLog.add(session);
-        if (session.seconds >= secondsPerMinute) {
-            append({session.date, session.exercise.name, session.seconds / secondsPerMinute, {}, {}, m_uuids.next()});
-        }
+        const qint64 minutes = session.seconds / secondsPerMinute;
+        if (minutes > 0)
+            append(HistoryEvent::make(session.date, session.exercise.name, minutes, m_uuids));
         // Today's sessions stay as they were recorded: turning minutes back into seconds would only lose seconds.
     });
 }
