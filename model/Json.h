@@ -65,7 +65,8 @@ template <class T>
 // valid JSON as well. Of a key that occurs twice the last one counts, and all must be valid. An optional that is null
 // is absent. A whole number may be written with a fraction of zeros or an exponent (60.0, 6e1), which is the same
 // number to JSON. Everything else is refused: a missing key, another type, a number out of range, text that is not
-// UTF-8, anything before or behind the document, and nesting deeper than any record's.
+// UTF-8, anything before or behind the document, nesting deeper than 100, a list's record longer than 16 MiB, and a
+// document beyond 1 GiB that is no list.
 template <class T>
 Result<T> decode(QByteArray document, QStringView place = {});
 

@@ -158,12 +158,17 @@ bool Reader::readDocument(QByteArray document, qint64& target) {
     if (!startWhole(std::move(document)))
         return false;
     std::int64_t integer = 0;
-    if (const auto error = m_document.get_int64().get(integer)) {
-        return error == simdjson::TRAILING_CONTENT ? fail("unexpected content behind the document")
-                                                   : fail("expected integer");
-    }
+    double number = 0;
+    auto error = m_document.get_int64().get(integer);
     target = integer;
-    return finish();
+    if (error && error != simdjson::TRAILING_CONTENT) {
+        error = m_document.get_double().get(number);
+        if (!error && !reading::toWhole(number, target))
+            return fail("expected integer");
+    }
+    if (error == simdjson::TRAILING_CONTENT)
+        return fail("unexpected content behind the document");
+    return error ? fail("expected integer") : finish();
 }
 
 bool Reader::readCaseDocument(QByteArray document, std::span<const std::string_view> names, std::size_t& index) {

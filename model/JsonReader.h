@@ -153,6 +153,14 @@ Q_ALWAYS_INLINE bool keyIs(Reader::RawKey key, std::string_view name) {
 
 bool readUuid(std::string_view text, QUuid& target);
 
+// False for a number with a fraction, and for one that is as large as 2^53: from there on a double stands for several.
+inline bool toWhole(double number, qint64& target) {
+    if (number != std::trunc(number) || std::abs(number) >= 9007199254740992.0)
+        return false;
+    target = static_cast<qint64>(number);
+    return true;
+}
+
 } // namespace reading
 
 Q_ALWAYS_INLINE bool Reader::read(Value& source, bool& target) {
@@ -165,12 +173,8 @@ Q_ALWAYS_INLINE bool Reader::read(Value& source, qint64& target) {
         target = integer;
         return true;
     }
-    // Below 2^53 a double stands for one whole number only.
     double number = 0;
-    if (source.get_double().get(number) || number != std::trunc(number) || std::abs(number) >= 9007199254740992.0)
-        return fail("expected integer");
-    target = static_cast<qint64>(number);
-    return true;
+    return (!source.get_double().get(number) && reading::toWhole(number, target)) || fail("expected integer");
 }
 
 Q_ALWAYS_INLINE bool Reader::read(Value& source, Date& target) {

@@ -526,6 +526,7 @@ TEST(JsonTest, PayloadFreeEnumerationsAreDocumentsOfTheirOwn) {
 TEST(JsonTest, ABareNumberIsADocument) {
     expectDocument(qint64(30), "30");
     expectDocument(std::numeric_limits<qint64>::min(), "-9223372036854775808");
+    EXPECT_EQ(*json::decode<qint64>(" 3.0e1 "), 30);
     for (const char* document : {"30.5", "\"30\"", "[30]", "3000000000000000000000000", "null"})
         expectRefusal<qint64>(document, "place: expected integer");
     for (const char* document : {"30 30", "30]"})
