@@ -115,7 +115,7 @@ std::optional<QString> DeviceOutput::start() {
 void DeviceOutput::schedule(const SoundBuffer& sound, qint64 sampleTime) {
     m_inFlight.push_back(sampleTime);
     if (m_streamOpen && !m_mixer.order(sound, sampleTime, m_timeline))
-        fatalError(QStringLiteral("Too many clicks in flight"));
+        trap(); // more in flight than the mixer promises to take
 }
 
 void DeviceOutput::play() {

@@ -16,7 +16,7 @@ OfflineOutput::OfflineOutput(double sampleRate) : m_sampleRate(sampleRate), m_ti
 
 void OfflineOutput::render(std::span<float> samples) {
     if (m_queue == nullptr)
-        fatalError(QStringLiteral("An offline output renders only what a scheduler is attached to"));
+        trap(); // renders only what a scheduler is attached to
     m_queue->sync([] {});
     while (!samples.empty()) {
         const ClickMixer::Rendered part = m_mixer.renderUntilNotice(samples);
@@ -62,7 +62,7 @@ void OfflineOutput::schedule(const SoundBuffer& sound, qint64 sampleTime) {
     if (m_mixer.order(sound, sampleTime, m_timeline))
         ++m_inFlight;
     else
-        fatalError(QStringLiteral("Too many clicks in flight"));
+        trap(); // more in flight than the mixer promises to take
 }
 
 void OfflineOutput::play() {

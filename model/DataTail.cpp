@@ -6,7 +6,7 @@ namespace tamsel {
 
 void requireKeptBytes(qsizetype keptBytes, qsizetype length) {
     if (keptBytes < 0 || keptBytes > length)
-        fatalError(QStringLiteral("Unable to keep %1 of %2 bytes").arg(keptBytes).arg(length));
+        trap();
 }
 
 void replaceDataTail(SettingsValue& value, qsizetype keptBytes, QByteArrayView tail) {

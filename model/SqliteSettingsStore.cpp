@@ -60,14 +60,14 @@ std::optional<SettingsValue> SqliteSettingsStore::value(const QString& key) cons
 std::optional<SettingsValue> SqliteSettingsStore::stored(const QString& key) const {
     std::optional<SettingsValue> value;
     if (!m_file->read(key, value))
-        fatalError(QStringLiteral("Unable to read \"%1\" from %2: %3").arg(key, m_path, m_file->error()));
+        refuseToGoOn(QStringLiteral("Unable to read \"%1\" from %2: %3").arg(key, m_path, m_file->error()));
     return value;
 }
 
 QMap<QString, SettingsValue> SqliteSettingsStore::dictionaryRepresentation() const {
     QMap<QString, SettingsValue> values;
     if (!m_file->readAll(values))
-        fatalError(QStringLiteral("Unable to read %1: %2").arg(m_path, m_file->error()));
+        refuseToGoOn(QStringLiteral("Unable to read %1: %2").arg(m_path, m_file->error()));
     for (auto each = m_pending.all().cbegin(); each != m_pending.all().cend(); ++each) {
         const auto found = values.constFind(each.key());
         auto present = found == values.cend() ? std::nullopt : std::optional(*found);

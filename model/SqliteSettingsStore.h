@@ -11,7 +11,7 @@ class SettingsFile;
 
 // A settings store in one SQLite file, which docs/data-format.md describes. Main thread only; one store for a file.
 //
-// A read that fails after the file was opened stops the program with a line that names the key and the file: taken for
+// A read that fails after the file was opened ends the program with a line that names the key and the file: taken for
 // an absent value, it would be overwritten by the next save.
 class SqliteSettingsStore final : public SettingsStore {
 public:

@@ -14,6 +14,12 @@ void fatalError(const QString& message) {
     std::abort();
 }
 
+void refuseToGoOn(const QString& line) {
+    std::fprintf(stderr, "%s\n", line.toUtf8().constData());
+    std::fflush(nullptr);
+    std::_Exit(EXIT_FAILURE);
+}
+
 void trap() {
     std::abort();
 }

@@ -261,14 +261,15 @@ TEST_F(SettingsFileTest, DamageThatShowsOnlyWhenItIsReadStopsTheProgram) {
     execute(path(), "UPDATE chunk SET bytes = substr(bytes, 2) WHERE (id & 4294967295) = 50;"
                     "INSERT INTO entry (key, kind, chunks, value) VALUES ('a', 'array', 0, '[1')");
     const auto store = open();
-    const std::string start = "Fatal error: Unable to read ";
-    EXPECT_DEATH(store->data(history),
-                 start + "\"history.events\" from .*standard.sqlite: a part has the wrong length");
-    EXPECT_DEATH(store->dictionaryRepresentation(), start + ".*standard.sqlite: a part has the wrong length");
-    EXPECT_DEATH(store->array(QStringLiteral("a")),
-                 start + "\"a\" from .*standard.sqlite: the array's text is not one");
+    const std::string start = "^Unable to read ";
+    const auto refused = testing::ExitedWithCode(1);
+    EXPECT_EXIT(store->data(history), refused,
+                start + "\"history.events\" from .*standard.sqlite: a part has the wrong length");
+    EXPECT_EXIT(store->dictionaryRepresentation(), refused, start + ".*standard.sqlite: a part has the wrong length");
+    EXPECT_EXIT(store->array(QStringLiteral("a")), refused,
+                start + "\"a\" from .*standard.sqlite: the array's text is not one");
     execute(path(), "UPDATE entry SET chunks = 1000000000000 WHERE key = 'history.events'");
-    EXPECT_DEATH(store->data(history), start + ".*: parts of the value are missing");
+    EXPECT_EXIT(store->data(history), refused, start + ".*: parts of the value are missing");
 }
 
 TEST_F(SettingsFileTest, DamageInTheWayOfAChangeIsNamedAndEndsWithTheNextWholeDocument) {
@@ -291,7 +292,8 @@ TEST_F(SettingsFileTest, AFailingReadStopsTheProgramInsteadOfPassingForAnAbsentV
     open()->setData(history, QByteArray(300 * chunk, 'h'));
     const auto store = open();
     files.failReads();
-    EXPECT_DEATH(store->data(history), "Fatal error: Unable to read \"history.events\" from .*: disk I/O error");
+    EXPECT_EXIT(store->data(history), testing::ExitedWithCode(1),
+                "^Unable to read \"history.events\" from .*: disk I/O error");
     files.heal();
     EXPECT_EQ(store->data(history)->size(), 300 * chunk);
 }
