@@ -18,8 +18,7 @@ Item {
 
     // The line that parts the tabs from the screen.
     Rectangle {
-        anchors.top: bar.vertical ? undefined : parent.top
-        anchors.right: bar.vertical ? parent.right : undefined
+        x: bar.vertical ? parent.width - width : 0
         width: bar.vertical ? Theme.hairline : parent.width
         height: bar.vertical ? parent.height : Theme.hairline
         color: Theme.separator
