@@ -95,3 +95,165 @@ void Tour::practise() {
     waitUntil(QStringLiteral("the timer counts down"),
               [&] { return practice.timerSecondsRemaining().value_or(300) < 300 - 65; });
     picture(QStringLiteral("practice-playing"));
+    press(Qt::Key_Space);
+    expect(QStringLiteral("Space stops the metronome"), !metronome.isPlaying());
+    const std::vector<qint64> onsets = m_audio.onsets();
+    expect(QStringLiteral("clicks were heard"), onsets.size() >= 3);
+    for (std::size_t i = 1; i < onsets.size(); ++i)
+        expect(QStringLiteral("clicks are 22050 frames apart"), onsets[i] - onsets[i - 1] == 22050);
+    expect(QStringLiteral("the clicks are written"), m_audio.write(m_folder + QStringLiteral("/clicks.wav")));
+    tell(QStringLiteral("played %1 clicks at 120 BPM, each 22050 frames after the one before: clicks.wav")
+             .arg(onsets.size()));
+
+    tap(QStringLiteral("timer_button"));
+    tap(QStringLiteral("timer_save"));
+    waitUntil(QStringLiteral("the session shows under the tools"),
+              [&] { return lookFor(QStringLiteral("recent_session_0")) != nullptr; });
+    expect(QStringLiteral("the history has the session"), m_app.singletons().history.events().size() == 1);
+    picture(QStringLiteral("practice-saved"));
+    tell(QStringLiteral("ran a timer in accelerated time and saved: %1").arg(practice.todayText()));
+
+    press(Qt::Key_Escape);
+    waitUntil(QStringLiteral("today's log shows the session"),
+              [&] { return lookFor(QStringLiteral("daily_log_row_0")) != nullptr; });
+    picture(QStringLiteral("list-log"));
+
+    tap(QStringLiteral("daily_log_row_0"));
+    waitUntil(QStringLiteral("the row opens its item"), [&] { return navigation.practiceViewModel() != nullptr; });
+    tap(QStringLiteral("stopwatch_button"));
+    waitUntil(QStringLiteral("the stopwatch counts"),
+              [&] { return navigation.practiceViewModel()->stopwatchSeconds().value_or(0) >= 10; });
+    tell(QStringLiteral("ended the app while a stopwatch ran"));
+}
+
+void Tour::findPracticeAgain() {
+    const auto& log = m_app.singletons().dailyLog.practiceSessions();
+    waitUntil(QStringLiteral("today's log shows the session after a restart"),
+              [&] { return lookFor(QStringLiteral("daily_log_row_0")) != nullptr; });
+    expect(QStringLiteral("the log has the item's session"), log.size() == 2 && log.first().exercise.name == itemName);
+    expect(QStringLiteral("what ran when the app ended was saved"),
+           log.last().type == SessionType::stopwatch && log.last().seconds >= 10);
+    expect(QStringLiteral("the history has its event"),
+           m_app.singletons().history.events().size() == 1 &&
+               m_app.singletons().history.events().first().practiceTime >= 1);
+    picture(QStringLiteral("restarted"));
+    tap(QStringLiteral("daily_log_row_0"));
+    const auto& navigation = *m_app.content().tabViewModel()->practiceNavigationStack();
+    waitUntil(QStringLiteral("the row opens its item"), [&] {
+        auto* const practice = const_cast<PracticeNavigationStackViewModel&>(navigation).practiceViewModel();
+        return practice != nullptr && practice->metronomeViewModel()->tempo() == 120;
+    });
+    resize(360, 640);
+    picture(QStringLiteral("practice-small"));
+    resize(1180, 820);
+    picture(QStringLiteral("practice-wide"));
+    press(Qt::Key_Escape);
+    picture(QStringLiteral("list-wide"));
+    resize(360, 640);
+    picture(QStringLiteral("list-small"));
+    m_appearance.setTextScale(2);
+    picture(QStringLiteral("list-large-text"));
+    m_appearance.setTextScale(1);
+    resize(390, 844);
+    tap(QStringLiteral("history_tab"));
+    picture(QStringLiteral("history"));
+    tap(QStringLiteral("thanks_tab"));
+    picture(QStringLiteral("thanks"));
+    writeDocuments();
+    tell(QStringLiteral("started again and found both sessions in today's log, at the saved tempo"));
+}
+
+QQuickItem* Tour::lookFor(const QString& identifier) const {
+    return lookBelow(*m_window.contentItem(), identifier);
+}
+
+QQuickItem& Tour::find(const QString& identifier) {
+    waitUntil(QStringLiteral("“%1” is there").arg(identifier), [&] { return lookFor(identifier) != nullptr; });
+    return *lookFor(identifier);
+}
+
+void Tour::tap(const QString& identifier) {
+    const QQuickItem& item = find(identifier);
+    const QPointF position = item.mapToScene(QPointF(item.width() / 2, item.height() / 2));
+    const auto send = [&](QEvent::Type type, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, position, m_window.mapToGlobal(position), Qt::LeftButton, buttons, Qt::NoModifier,
+                          QPointingDevice::primaryPointingDevice());
+        QCoreApplication::sendEvent(&m_window, &event);
+    };
+    send(QEvent::MouseButtonPress, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, Qt::NoButton);
+    watch(0);
+}
+
+void Tour::press(int key, const QString& text) {
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, Qt::NoModifier, text);
+        QCoreApplication::sendEvent(&m_window, &event);
+    }
+    watch(0);
+}
+
+void Tour::type(const QString& text, int finalKey) {
+    for (const QChar character : text)
+        press(Qt::Key_unknown, QString(character));
+    if (finalKey != 0)
+        press(finalKey);
+}
+
+void Tour::watch(int milliseconds) {
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+void Tour::waitUntil(const QString& what, const std::function<bool()>& condition) {
+    const QDeadlineTimer deadline(patienceMilliseconds);
+    while (!condition() && !deadline.hasExpired())
+        watch(5);
+    expect(what, condition());
+}
+
+void Tour::expect(const QString& what, bool holds) {
+    if (holds)
+        return;
+    tell(QStringLiteral("FAILED: ") + what);
+    throw Failed();
+}
+
+void Tour::resize(int width, int height) {
+    m_window.resize(width, height);
+    watch(settleMilliseconds);
+}
+
+void Tour::picture(const QString& name) {
+    watch(settleMilliseconds);
+    for (const auto scheme : {Appearance::Scheme::Light, Appearance::Scheme::Dark}) {
+        m_appearance.setScheme(scheme);
+        watch(settleMilliseconds / 4);
+        saveGrab(name + (scheme == Appearance::Scheme::Dark ? QStringLiteral("-dark") : QStringLiteral("-light")));
+    }
+    m_appearance.setScheme(Appearance::Scheme::Light);
+}
+
+void Tour::saveGrab(const QString& name) {
+    const QString path = m_folder + QLatin1Char('/') + name + QStringLiteral(".png");
+    if (!m_window.grabWindow().save(path))
+        expect(QStringLiteral("the picture %1 is written").arg(path), false);
+}
+
+void Tour::writeDocuments() {
+    const QString folder = m_folder + QStringLiteral("/documents");
+    QDir().mkpath(folder);
+    const auto values = m_app.singletons().userDefaults.dictionaryRepresentation();
+    for (auto value = values.cbegin(); value != values.cend(); ++value) {
+        const auto* const document = std::get_if<QByteArray>(&value->value);
+        if (document == nullptr)
+            continue;
+        QFile file(folder + QLatin1Char('/') + value.key() + QStringLiteral(".json"));
+        expect(QStringLiteral("the document %1 is written").arg(value.key()),
+               file.open(QIODevice::WriteOnly) && file.write(*document) == document->size());
+    }
+    tell(QStringLiteral("wrote the stored documents to documents"));
+}
+
+} // namespace tamsel
