@@ -1,9 +1,10 @@
 #include "ui/ShadowTexture.h"
 
-#include <QPainter>
 #include <QStringList>
+#include <QtMath>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <vector>
 
@@ -11,100 +12,134 @@ namespace tamsel {
 
 namespace {
 
-// Shadows fade over so wide a range that one value for each unit of length is enough, whatever the screen's resolution.
-class Coverage {
+// One value for each unit of length. Shadows change so slowly that this is enough, whatever the screen's resolution.
+class Field {
 public:
-    Coverage(int width, int height) : m_width(width), m_height(height), m_values(size_t(width) * size_t(height)) {}
+    Field(int width, int height) : m_width(width), m_height(height), m_values(size_t(width) * size_t(height)) {}
 
-    float& at(int x, int y) { return m_values[size_t(y) * size_t(m_width) + size_t(x)]; }
+    int width() const { return m_width; }
+    int height() const { return m_height; }
+    float* row(int y) { return m_values.data() + size_t(y) * size_t(m_width); }
+    const float* row(int y) const { return m_values.data() + size_t(y) * size_t(m_width); }
 
-    // Between the values, and 0 outside.
-    float sample(float x, float y) const {
-        const float left = std::floor(x);
-        const float top = std::floor(y);
-        const int column = int(left);
-        const int row = int(top);
-        const float across = x - left;
-        const float down = y - top;
-        const float upper = value(column, row) * (1 - across) + value(column + 1, row) * across;
-        const float lower = value(column, row + 1) * (1 - across) + value(column + 1, row + 1) * across;
+    // The value at a point between the centres of four cells; 0 beyond the last cells.
+    float at(float x, float y) const {
+        const int left = wholePart(x);
+        const int top = wholePart(y);
+        const float across = x - float(left);
+        const float down = y - float(top);
+        const float upper = cell(left, top) * (1 - across) + cell(left + 1, top) * across;
+        const float lower = cell(left, top + 1) * (1 - across) + cell(left + 1, top + 1) * across;
         return upper * (1 - down) + lower * down;
     }
 
-    // Three box blurs come close to a Gaussian one; together they reach `reach` units to each side.
+    // Three box blurs come close to a Gaussian one. Together they reach `reach` cells to each side.
     void blur(int reach) {
+        Field before(m_width, m_height);
         for (int pass = 0; pass < 3; ++pass) {
             const int radius = (reach + pass) / 3;
-            if (radius == 0)
-                continue;
-            for (int y = 0; y < m_height; ++y)
-                boxBlur(&m_values[size_t(y) * size_t(m_width)], m_width, 1, radius);
-            for (int x = 0; x < m_width; ++x)
-                boxBlur(&m_values[size_t(x)], m_height, m_width, radius);
+            std::swap(m_values, before.m_values);
+            blurRows(before, radius);
+            std::swap(m_values, before.m_values);
+            blurColumns(before, radius);
         }
     }
 
 private:
-    float value(int x, int y) const {
-        if (x < 0 || y < 0 || x >= m_width || y >= m_height)
-            return 0;
-        return m_values[size_t(y) * size_t(m_width) + size_t(x)];
+    // Rounded down. Nobody asks for a point further than that beyond the edge.
+    static int wholePart(float coordinate) { return int(coordinate + largestOverhang) - largestOverhang; }
+    static constexpr int largestOverhang = 4096;
+
+    float cell(int x, int y) const { return x < 0 || y < 0 || x >= m_width || y >= m_height ? 0 : row(y)[x]; }
+
+    void blurRows(const Field& source, int radius) {
+        const float share = 1.0F / float(2 * radius + 1);
+        for (int y = 0; y < m_height; ++y) {
+            const float* const from = source.row(y);
+            float* const to = row(y);
+            float sum = 0;
+            for (int x = -radius; x < m_width; ++x) {
+                if (x + radius < m_width)
+                    sum += from[x + radius];
+                if (x >= 0)
+                    to[x] = sum * share;
+                if (x - radius >= 0)
+                    sum -= from[x - radius];
+            }
+        }
     }
 
-    void boxBlur(float* line, int count, int stride, int radius) {
-        m_line.resize(size_t(count));
-        for (int i = 0; i < count; ++i)
-            m_line[size_t(i)] = line[i * stride];
-        const auto before = [&](int i) { return i >= 0 && i < count ? m_line[size_t(i)] : 0.0F; };
+    // All columns at once, row by row, as they lie in memory.
+    void blurColumns(const Field& source, int radius) {
         const float share = 1.0F / float(2 * radius + 1);
-        float sum = 0;
-        for (int i = -radius; i < radius; ++i)
-            sum += before(i);
-        for (int i = 0; i < count; ++i) {
-            sum += before(i + radius);
-            line[i * stride] = sum * share;
-            sum -= before(i - radius);
+        std::vector<float> sums(static_cast<size_t>(m_width));
+        for (int y = -radius; y < m_height; ++y) {
+            if (y + radius < m_height)
+                std::transform(sums.begin(), sums.end(), source.row(y + radius), sums.begin(), std::plus<>());
+            if (y >= 0)
+                std::transform(sums.begin(), sums.end(), row(y), [share](float sum) { return sum * share; });
+            if (y - radius >= 0)
+                std::transform(sums.begin(), sums.end(), source.row(y - radius), sums.begin(), std::minus<>());
         }
     }
 
     const int m_width;
     const int m_height;
     std::vector<float> m_values;
-    std::vector<float> m_line;
 };
 
-// How much of the point lies inside the rounded rectangle (0, 0, width, height), for points one `unit` wide.
-float insideRoundedRectangle(float x, float y, float width, float height, float radius, float unit) {
-    const float acrossCorner = std::abs(x - width / 2) - (width / 2 - radius);
-    const float downCorner = std::abs(y - height / 2) - (height / 2 - radius);
-    const float outside = std::hypot(std::max(acrossCorner, 0.0F), std::max(downCorner, 0.0F));
-    const float distance = outside + std::min(std::max(acrossCorner, downCorner), 0.0F) - radius;
-    return std::clamp(0.5F - distance / unit, 0.0F, 1.0F);
+// A rounded rectangle with its upper left corner at (0, 0).
+class Outline {
+public:
+    Outline(QSize size, int radius)
+        : m_halfWidth(float(size.width()) / 2), m_halfHeight(float(size.height()) / 2),
+          m_radius(std::min({float(radius), m_halfWidth, m_halfHeight})) {}
+
+    // How much of a square of this side around the point lies inside, 0 to 1.
+    float covers(float x, float y, float side) const {
+        const float across = std::abs(x - m_halfWidth) - (m_halfWidth - m_radius);
+        const float down = std::abs(y - m_halfHeight) - (m_halfHeight - m_radius);
+        const bool inCorner = across > 0 && down > 0;
+        const float distance = inCorner ? std::sqrt(across * across + down * down) : std::max(across, down);
+        return std::clamp(0.5F - (distance - m_radius) / side, 0.0F, 1.0F);
+    }
+
+private:
+    const float m_halfWidth;
+    const float m_halfHeight;
+    const float m_radius;
+};
+
+// The premultiplied colour in a share of its strength.
+QRgb faded(QRgb premultiplied, float share) {
+    const auto part = [share](int value) { return int(float(value) * share + 0.5F); };
+    return qRgba(part(qRed(premultiplied)), part(qGreen(premultiplied)), part(qBlue(premultiplied)),
+                 part(qAlpha(premultiplied)));
 }
 
-struct Premultiplied {
-    float red = 0;
-    float green = 0;
-    float blue = 0;
-    float alpha = 0;
+QRgb over(QRgb upper, QRgb lower) {
+    const QRgb rest = faded(lower, float(255 - qAlpha(upper)) / 255);
+    return qRgba(qRed(upper) + qRed(rest), qGreen(upper) + qGreen(rest), qBlue(upper) + qBlue(rest),
+                 qAlpha(upper) + qAlpha(rest));
+}
 
-    static Premultiplied from(const QColor& color, float coverage) {
-        const float alpha = float(color.alphaF()) * coverage;
-        return {float(color.redF()) * alpha, float(color.greenF()) * alpha, float(color.blueF()) * alpha, alpha};
+// What colour a shade from -1 (full light) to 1 (full shadow) has, on a ground or on nothing.
+class Palette {
+public:
+    Palette(const QColor& dark, const QColor& light, QRgb ground) {
+        for (int step = -steps; step <= steps; ++step) {
+            QColor color = step < 0 ? light : dark;
+            color.setAlphaF(color.alphaF() * float(std::abs(step)) / steps);
+            m_colors[size_t(step + steps)] = over(qPremultiply(color.rgba()), ground);
+        }
     }
 
-    Premultiplied over(const Premultiplied& below) const {
-        const float rest = 1 - alpha;
-        return {red + below.red * rest, green + below.green * rest, blue + below.blue * rest,
-                alpha + below.alpha * rest};
-    }
+    QRgb color(float shade) const { return m_colors[size_t(int(shade * steps + steps + 0.5F))]; }
 
-    Premultiplied scaled(float share) const { return {red * share, green * share, blue * share, alpha * share}; }
+private:
+    static constexpr int steps = 255;
 
-    QRgb toRgb() const {
-        const auto byte = [](float value) { return int(std::lround(std::clamp(value, 0.0F, 1.0F) * 255)); };
-        return qRgba(byte(red), byte(green), byte(blue), byte(alpha));
-    }
+    std::array<QRgb, 2 * steps + 1> m_colors;
 };
 
 std::optional<QColor> colorFromId(const QString& text) {
@@ -146,14 +181,17 @@ std::optional<ShadowTexture> ShadowTexture::fromId(const QString& id) {
     const auto light = colorFromId(parts[7]);
     if (!relief || !size || !body || !dark || !light)
         return {};
-    ShadowTexture texture{*relief, *size, parts[2].toInt(), parts[3].toInt(),   parts[4].toInt(),
-                          *body,   *dark, *light,           parts[8].toDouble()};
-    if (texture.radius < 0 || texture.offset < 0 || texture.blur < 0 || !(texture.devicePixelRatio > 0))
-        return {};
-    const int side = std::max(size->width(), size->height()) + 2 * texture.margin();
-    if (!(side * texture.devicePixelRatio <= largestSide))
-        return {};
-    return texture;
+    const ShadowTexture texture{*relief, *size, parts[2].toInt(), parts[3].toInt(),   parts[4].toInt(),
+                                *body,   *dark, *light,           parts[8].toDouble()};
+    return texture.isValid() ? std::optional(texture) : std::nullopt;
+}
+
+bool ShadowTexture::isValid() const {
+    const auto within = [](int length) { return length >= 0 && length <= largestSide; };
+    if (!within(size.width()) || !within(size.height()) || !within(radius) || !within(offset) || !within(blur))
+        return false;
+    const double side = std::max(size.width(), size.height()) + 2 * (offset + blur);
+    return devicePixelRatio > 0 && side * std::max(1.0, devicePixelRatio) <= largestSide;
 }
 
 int ShadowTexture::margin() const {
@@ -161,37 +199,39 @@ int ShadowTexture::margin() const {
 }
 
 QImage ShadowTexture::paint() const {
-    // The blur needs to see the ground around a pressed body too.
+    const Outline outline(size, radius);
+    // Around the body lies as much ground as the shadows need, also where only those inside the body show.
     const int ground = offset + blur;
-    const float width = float(size.width());
-    const float height = float(size.height());
-    const float corner = std::min(float(radius), std::min(width, height) / 2);
-
-    Coverage shadow(size.width() + 2 * ground, size.height() + 2 * ground);
+    Field shadow(size.width() + 2 * ground, size.height() + 2 * ground);
     for (int y = 0; y < size.height(); ++y)
         for (int x = 0; x < size.width(); ++x)
-            shadow.at(x + ground, y + ground) =
-                insideRoundedRectangle(float(x) + 0.5F, float(y) + 0.5F, width, height, corner, 1);
+            shadow.row(y + ground)[x + ground] = outline.covers(float(x) + 0.5F, float(y) + 0.5F, 1);
     shadow.blur(blur);
 
+    const bool raised = relief == Relief::raised;
+    const QRgb bodyColor = qPremultiply(body.rgba());
+    const Palette palette(raised ? dark : light, raised ? light : dark, raised ? QRgb(0) : bodyColor);
     const float unit = float(1 / devicePixelRatio);
     QImage image(qCeil((size.width() + 2 * margin()) * devicePixelRatio),
                  qCeil((size.height() + 2 * margin()) * devicePixelRatio), QImage::Format_ARGB32_Premultiplied);
     for (int row = 0; row < image.height(); ++row) {
-        auto* pixels = reinterpret_cast<QRgb*>(image.scanLine(row));
+        auto* const pixels = reinterpret_cast<QRgb*>(image.scanLine(row));
         const float y = (float(row) + 0.5F) * unit - float(margin());
+        const float fieldY = y + float(ground) - 0.5F;
         for (int column = 0; column < image.width(); ++column) {
             const float x = (float(column) + 0.5F) * unit - float(margin());
-            const float inside = insideRoundedRectangle(x, y, width, height, corner, unit);
-            // Light falls from the upper left. Where both shadows meet, they cancel instead of greying each other.
-            const float shade =
-                shadow.sample(x - float(offset) + float(ground) - 0.5F, y - float(offset) + float(ground) - 0.5F) -
-                shadow.sample(x + float(offset) + float(ground) - 0.5F, y + float(offset) + float(ground) - 0.5F);
-            const float depth = relief == Relief::raised ? shade : -shade;
-            const auto relievo = Premultiplied::from(depth > 0 ? dark : light, std::abs(depth));
-            const auto ground_ = relief == Relief::raised ? Premultiplied::from(body, inside).over(relievo)
-                                                          : relievo.over(Premultiplied::from(body, 1)).scaled(inside);
-            pixels[column] = ground_.toRgb();
+            const float inside = outline.covers(x, y, unit);
+            // A raised body hides the shadows beneath it; there are none around a pressed one.
+            if (inside == (raised ? 1.0F : 0.0F)) {
+                pixels[column] = raised ? bodyColor : 0;
+                continue;
+            }
+            const float fieldX = x + float(ground) - 0.5F;
+            // Light falls from the upper left. Where both shadows meet they cancel, instead of greying each other.
+            const float shade = shadow.at(fieldX - float(offset), fieldY - float(offset)) -
+                                shadow.at(fieldX + float(offset), fieldY + float(offset));
+            const QRgb color = palette.color(shade);
+            pixels[column] = raised ? over(faded(bodyColor, inside), color) : faded(color, inside);
         }
     }
     return image;

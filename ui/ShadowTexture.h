@@ -30,6 +30,9 @@ struct ShadowTexture {
     // as RRGGBB or AARRGGBB, pixels per unit. Nothing if the text is none, or asks for more than `largestSide` pixels.
     static std::optional<ShadowTexture> fromId(const QString& id);
 
+    // Whether all lengths are sensible and the picture is not larger than `largestSide` pixels.
+    bool isValid() const;
+
     // How far a raised picture reaches beyond the body on each side; 0 for a pressed one.
     int margin() const;
 

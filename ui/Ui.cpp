@@ -6,6 +6,7 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QQmlEngine>
+#include <QStyleHints>
 
 // Made by the build; naming it keeps the linker from leaving the module's types out.
 void qml_register_types_Tamsel_Ui(); // NOLINT(readability-identifier-naming)
@@ -18,6 +19,9 @@ void registerWith(QQmlEngine& engine) {
     // The engine owns and deletes them.
     engine.addImageProvider(QStringLiteral("tamsel-shadow"), new ShadowProvider);
     engine.addImageProvider(QStringLiteral("tamsel-icon"), new IconProvider);
+
+    // A musician's other hand is on the instrument: a long press should not take long.
+    QGuiApplication::styleHints()->setMousePressAndHoldInterval(500);
 
     QFont font = QGuiApplication::font();
     font.setFamily(QStringLiteral("Inter"));

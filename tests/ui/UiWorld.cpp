@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QQmlEngine>
 #include <QTest>
+#include <QtQuickTest>
 
 #include <algorithm>
 
@@ -21,6 +22,13 @@ QQuickItem* findBelow(QQuickItem& item, const QString& identifier) {
         if (QQuickItem* const found = findBelow(*child, identifier))
             return found;
     return nullptr;
+}
+
+bool waitsForLayout(const QQuickItem& item) {
+    if (QQuickTest::qIsPolishScheduled(&item))
+        return true;
+    const QList<QQuickItem*> children = item.childItems();
+    return std::ranges::any_of(children, [](const QQuickItem* child) { return waitsForLayout(*child); });
 }
 
 } // namespace
@@ -64,11 +72,13 @@ void UiWorld::open(QSize size) {
 }
 
 void UiWorld::settle() {
-    // What one round makes due, such as a layout or a deleted object, the next ones do.
-    for (int round = 0; round < 4; ++round) {
+    // What one round makes due, such as a layout or a deleted object, the next one does.
+    for (int round = 0; round < 2; ++round) {
         world.mainQueue.runDue();
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        const bool laidOut = QTest::qWaitFor([this] { return !waitsForLayout(*m_window->contentItem()); });
+        Q_ASSERT(laidOut || !m_window->isVisible());
     }
 }
 

@@ -4,11 +4,16 @@ import QtQuick
 import Tamsel.Ui
 
 // A choice of actions: a sheet at the lower edge of a phone, a card in the middle of a larger window. Each option is a
-// value with a `title` and an `identifier`, and a `destructive` flag where that is true. The owner closes it.
+// value with a `title` and an `identifier`, and a `destructive` flag where that is true.
+// It closes with a choice, Escape or a press outside.
 PopupBase {
     id: sheet
 
+    // Says whether the sheet is to be seen.
+    required property OnDemand opener
     property string title
+    // What the choice means, where the titles alone could be taken amiss.
+    property string message
     property var options: []
     property int columns: 1
 
@@ -18,13 +23,20 @@ PopupBase {
     readonly property real roomHeight: parent ? parent.height : 0
     readonly property bool atEdge: roomWidth < Theme.twoColumnWidth
 
+    shown: opener.shown
     width: Math.min(roomWidth - 2 * Theme.smallSpacing, 420)
     x: Math.round((roomWidth - width) / 2)
     y: Math.round(atEdge ? roomHeight - height - Theme.smallSpacing : (roomHeight - height) / 2)
     height: Math.min(implicitHeight, roomHeight - 2 * Theme.smallSpacing)
     implicitHeight: Math.ceil(choices.height) + topPadding + bottomPadding
 
-    onOpened: keys.forceActiveFocus(Qt.PopupFocusReason)
+    onDismissed: opener.shown = false
+    // Each time from the beginning, wherever the keyboard was the last time.
+    onOpened: {
+        for (let i = 0; i < repeater.count; ++i)
+            repeater.itemAt(i).focus = false;
+        keys.forceActiveFocus(Qt.PopupFocusReason);
+    }
 
     FocusScope {
         id: keys
@@ -32,8 +44,6 @@ PopupBase {
         anchors.fill: parent
         Accessible.role: Accessible.PopupMenu
         Accessible.name: sheet.title
-        Keys.onEscapePressed: sheet.dismissed()
-        Keys.onBackPressed: sheet.dismissed()
         Keys.onDownPressed: moveFocus(sheet.columns)
         Keys.onUpPressed: moveFocus(-sheet.columns)
         Keys.onRightPressed: moveFocus(mirrored ? -1 : 1)
@@ -73,6 +83,15 @@ PopupBase {
                     text: sheet.title
                 }
 
+                TextLabel {
+                    width: parent.width
+                    visible: text !== ""
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                    kind: TextLabel.Secondary
+                    text: sheet.message
+                }
+
                 Grid {
                     id: grid
 
@@ -97,7 +116,10 @@ PopupBase {
                             text: modelData.title
                             look: modelData.destructive === true ? PillButton.Destructive : PillButton.Raised
                             Accessible.role: Accessible.MenuItem
-                            onClicked: sheet.chosen(index)
+                            onClicked: {
+                                sheet.opener.shown = false;
+                                sheet.chosen(index);
+                            }
                         }
                     }
                 }

@@ -33,8 +33,6 @@ PopupBase {
         spacing: Theme.mediumSpacing
         Accessible.role: Accessible.Dialog
         Accessible.name: dialog.title
-        Keys.onEscapePressed: dialog.dismissed()
-        Keys.onBackPressed: dialog.dismissed()
 
         TextLabel {
             width: parent.width

@@ -45,10 +45,12 @@ T.AbstractButton {
     }
     Keys.onReleased: event => event.accepted = event.isAutoRepeat && event.key === Qt.Key_Space
 
-    TapHandler {
+    // Other buttons, and every touch, go through to the control below.
+    MouseArea {
+        anchors.fill: parent
         acceptedButtons: Qt.RightButton
         enabled: button.hasLongPress
-        onTapped: button.longPressed()
+        onClicked: button.longPressed()
     }
 
     FocusRing {

@@ -7,6 +7,9 @@ Item {
     id: bar
 
     required property MetronomeViewModel metronome
+    // Where Backtab leads from the first button.
+    property Item above: null
+    readonly property Item firstButton: minus
 
     implicitHeight: Math.max(60, tempo.implicitHeight + Theme.smallSpacing)
 
@@ -23,6 +26,7 @@ Item {
         anchors.leftMargin: Theme.smallSpacing
         anchors.verticalCenter: parent.verticalCenter
         text: "minus button"
+        KeyNavigation.backtab: bar.above
         iconName: "minus"
         size: RoundButton.Small
         flat: true

@@ -1,29 +1,47 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Templates as T
 import Tamsel.Ui
 
-// What dialogs and sheets have in common: they lie over the darkened window, keep the keyboard to themselves and let
-// their owner decide when they close. `dismissed` comes from Escape or a press outside.
+// What dialogs and sheets have in common: they lie over the darkened window and keep the keyboard to themselves. They
+// are to be seen while `shown` is true. `dismissed` comes when Escape or a press outside has closed one; its owner then
+// takes `shown` back.
 T.Popup {
     id: popup
 
+    property bool shown: false
+
     signal dismissed()
+
+    // Where the keyboard was before: Qt gives it back to the window and to nothing in it.
+    property Item focusBefore: null
+
+    onAboutToShow: focusBefore = parent.Window.activeFocusItem
+
+    function follow() {
+        if (shown)
+            open();
+        else
+            close();
+    }
 
     parent: T.Overlay.overlay
     modal: true
     dim: true
     focus: true
     padding: Theme.largeSpacing
-    closePolicy: T.Popup.NoAutoClose
+    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
+
+    onShownChanged: follow()
+    Component.onCompleted: follow()
+    onClosed: {
+        if (focusBefore !== null && focusBefore.visible)
+            focusBefore.forceActiveFocus(Qt.PopupFocusReason);
+        if (shown)
+            dismissed();
+    }
 
     T.Overlay.modal: Rectangle {
         color: Theme.scrim
-
-        TapHandler {
-            onTapped: popup.dismissed()
-        }
     }
 
     background: Rectangle {

@@ -16,9 +16,10 @@ Item {
     BorderImage {
         id: picture
 
-        // Not before the surface has its size: every picture asked for on the way would be made for nothing.
+        // Not before the surface has its size and is to be seen: every picture asked for on the way would be made for
+        // nothing.
         property bool complete: false
-        readonly property bool shown: complete && surface.relief !== Surface.Flat
+        readonly property bool shown: complete && surface.visible && surface.relief !== Surface.Flat
         readonly property bool raised: surface.relief === Surface.Raised
         readonly property int offset: Theme.shadowOffsets[surface.depth]
         readonly property int blur: Theme.shadowBlurs[surface.depth]

@@ -69,6 +69,8 @@ FocusScope {
             field.metronome.tempoTextFieldFocused = activeFocus;
         }
         onTextEdited: field.metronome.tempoTextFieldText = text
+        // No number has a space in it.
+        Keys.onSpacePressed: event => event.accepted = true
         Keys.onReturnPressed: field.leave()
         Keys.onEnterPressed: field.leave()
         Keys.onEscapePressed: {

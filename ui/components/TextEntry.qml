@@ -39,6 +39,7 @@ T.TextField {
     }
 
     TextLabel {
+        objectName: "placeholder"
         anchors.fill: parent
         anchors.leftMargin: entry.leftPadding
         anchors.rightMargin: entry.rightPadding

@@ -10,7 +10,7 @@ AlertDialog {
     required property PracticeListViewModel list
 
     objectName: "add_item_dialog"
-    visible: list.addExerciseAlertIsPresented
+    shown: list.addExerciseAlertIsPresented
     title: "Add practice item"
     placeholder: "e.g. \"C Major Scales\""
     confirmText: "Add"

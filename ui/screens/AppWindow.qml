@@ -69,12 +69,13 @@ Window {
         onActivated: window.close()
     }
 
-    Banner {
+    OnDemand {
         id: banner
 
-        objectName: "storage_warning"
         width: parent.width
-        text: window.content.storageWarning
+        wanted: window.content.storageWarning !== ""
+        file: Qt.resolvedUrl("StorageWarning.qml")
+        given: ({"content": window.content})
     }
 
     Item {
@@ -113,7 +114,9 @@ Window {
     }
 
     Connections {
-        target: history.item as HistoryScreen
+        target: history.item
+        // Naming the screen's type would load it at the start.
+        ignoreUnknownSignals: true
 
         function onPracticeRequested() {
             window.tabs.selectedTabIndex = 0;

@@ -11,8 +11,16 @@ Item {
     required property PracticeListViewModel list
     property int margin: Theme.screenMargin
     property alias itemsExpanded: itemsTitle.expanded
+    // Where Tab leads from the last title.
+    property Item below: null
+    readonly property Item lastTitle: itemsTitle
+
+    // Up or Down was pressed on a title or a row of the log. The list below would move among its items.
+    signal stepped(forward: bool)
 
     implicitHeight: page.height
+    Keys.onDownPressed: stepped(true)
+    Keys.onUpPressed: stepped(false)
 
     Column {
         id: page
@@ -66,6 +74,7 @@ Item {
             width: parent.width
             text: header.list.exercisesTitle
             iconName: "musicNoteList"
+            KeyNavigation.tab: header.below
         }
     }
 }

@@ -14,11 +14,12 @@ FocusScope {
     readonly property int columnWidth: width - 2 * margin
     readonly property bool isEmpty: list.exerciseRows.count === 0 && list.dailyLogRows.count === 0
 
-    // Up and Down lead through today's log and the items; among the items the ListView moves by itself.
+    // Up and Down lead through the titles, today's log and the items; among the items the ListView moves by itself.
     function moveFocus(forward: bool) {
         const focused = screen.Window.activeFocusItem;
-        const from = focused && focused !== screen ? focused : title;
-        const next = from.nextItemInFocusChain(forward);
+        const from = focused && focused !== screen ? focused : rest;
+        const beside = forward ? titles.lastTitle : bar.firstButton;
+        const next = from === beside && items.currentItem ? items.currentItem : from.nextItemInFocusChain(forward);
         if (next)
             next.forceActiveFocus(Qt.TabFocusReason);
     }
@@ -45,8 +46,11 @@ FocusScope {
         onActivated: screen.list.addTapped()
     }
 
-    TapHandler {
-        onTapped: screen.forceActiveFocus(Qt.OtherFocusReason)
+    // Has the keyboard while no control has it; its keys are the screen's.
+    Item {
+        id: rest
+
+        focus: true
     }
 
     ScreenTitle {
@@ -69,6 +73,11 @@ FocusScope {
     ListView {
         id: items
 
+        function showCurrentRow() {
+            if (activeFocus)
+                positionViewAtIndex(currentIndex, ListView.Contain);
+        }
+
         objectName: "exercise_list"
         anchors.top: title.bottom
         anchors.bottom: bar.top
@@ -82,7 +91,15 @@ FocusScope {
         boundsBehavior: Flickable.StopAtBounds
         reuseItems: true
         currentIndex: 0
-        highlightMoveDuration: Theme.transition
+        highlightFollowsCurrentItem: false
+
+        onActiveFocusChanged: showCurrentRow()
+        onCurrentIndexChanged: showCurrentRow()
+
+        // A tap beside the tempo field ends typing in it.
+        TapHandler {
+            onTapped: rest.forceActiveFocus(Qt.OtherFocusReason)
+        }
 
         // What is at the top stays there while the titles above it grow or shrink.
         onTopMarginChanged: {
@@ -98,6 +115,8 @@ FocusScope {
             width: items.width
             margin: screen.margin
             list: screen.list
+            below: items.currentItem
+            onStepped: forward => screen.moveFocus(forward)
         }
 
         delegate: ListRow {
@@ -112,7 +131,8 @@ FocusScope {
             text: name
             trailing: durationText
             last: index === items.count - 1
-            activeFocusOnTab: ListView.isCurrentItem
+            // The list is one stop for Tab; arrows move within it.
+            focusPolicy: Qt.NoFocus
             onClicked: screen.list.openExercise(index)
         }
 
@@ -127,16 +147,13 @@ FocusScope {
         }
     }
 
-    EmptyState {
+    OnDemand {
         anchors.centerIn: items
         width: Math.min(screen.columnWidth, 320)
         visible: screen.isEmpty
-        iconName: "musicNoteList"
-        title: "Nothing to practise yet"
-        explanation: "Add the pieces, scales and studies that you work on. Tamsel keeps the time you spend on each."
-        actionText: "Add practice item"
-        actionIdentifier: "add_first_item_button"
-        onAction: screen.list.addTapped()
+        wanted: screen.isEmpty
+        file: Qt.resolvedUrl("EmptyPracticeList.qml")
+        given: ({"list": screen.list})
     }
 
     EdgeFade {
@@ -160,9 +177,12 @@ FocusScope {
         x: screen.margin
         width: screen.columnWidth
         metronome: screen.list.metronomeViewModel
+        above: items.currentItem
     }
 
-    AddItemDialog {
-        list: screen.list
+    OnDemand {
+        wanted: screen.list.addExerciseAlertIsPresented
+        file: Qt.resolvedUrl("AddItemDialog.qml")
+        given: ({"list": screen.list})
     }
 }

@@ -37,8 +37,11 @@ FocusScope {
             event.accepted = false;
     }
 
-    TapHandler {
-        onTapped: screen.forceActiveFocus(Qt.OtherFocusReason)
+    // Has the keyboard while no control has it; its keys are the screen's.
+    Item {
+        id: rest
+
+        focus: true
     }
 
     NavigationHeader {
@@ -68,8 +71,13 @@ FocusScope {
             readonly property int stackedHeight: hero.height + tools.height + Theme.largeSpacing
 
             width: parent.width
-            height: (screen.beside ? Math.max(hero.height, tools.height) : stackedHeight)
-                    + 2 * Theme.spacing + Theme.hugeSpacing
+            height: Math.max(scroller.height, (screen.beside ? Math.max(hero.height, tools.height) : stackedHeight)
+                                              + 2 * Theme.spacing + Theme.hugeSpacing)
+
+            // A tap beside the tempo field ends typing in it.
+            TapHandler {
+                onTapped: rest.forceActiveFocus(Qt.OtherFocusReason)
+            }
 
             MetronomeCard {
                 id: hero

@@ -1,8 +1,8 @@
 import QtQuick
 import Tamsel.List
-import Tamsel.Ui
 
-// The practice tab: the list and, over it, the practice screen that was opened from it.
+// The practice tab: the list and, over it, the practice screen that was opened from it. Each is loaded when it is first
+// shown, so that the program starts with one of them only.
 FocusScope {
     id: stack
 
@@ -17,30 +17,31 @@ FocusScope {
             list.forceActiveFocus(Qt.OtherFocusReason);
     }
 
-    // The screen keeps the model that it was made for, and goes before a new one comes.
-    function showPractice() {
+    function update() {
+        // A practice screen keeps the model that it was made for, and goes before the next one comes.
         practice.source = "";
         if (practising)
             practice.setSource("PracticeScreen.qml", {"practice": navigation.practiceViewModel, "focus": true});
+        else if (list.item === null)
+            list.setSource("PracticeListScreen.qml", {"list": navigation.practiceList, "focus": true});
         takeFocus();
     }
 
-    Component.onCompleted: showPractice()
+    Component.onCompleted: update()
 
     Connections {
         target: stack.navigation
 
         function onPracticeViewModelChanged() {
-            stack.showPractice();
+            stack.update();
         }
     }
 
-    PracticeListScreen {
+    Loader {
         id: list
 
         anchors.fill: parent
         visible: !stack.practising
-        list: stack.navigation.practiceList
     }
 
     Loader {
@@ -50,7 +51,9 @@ FocusScope {
     }
 
     Connections {
-        target: practice.item as PracticeScreen
+        target: practice.item
+        // Naming the screen's type would load it at the start.
+        ignoreUnknownSignals: true
 
         function onLeaveRequested() {
             stack.navigation.pop();

@@ -95,15 +95,17 @@ Item {
         }
     }
 
-    TimerSheet {
+    OnDemand {
         id: timerSheet
 
-        practice: tools.practice
+        file: Qt.resolvedUrl("TimerSheet.qml")
+        given: ({"practice": tools.practice, "opener": timerSheet})
     }
 
-    StopwatchSheet {
+    OnDemand {
         id: stopwatchSheet
 
-        practice: tools.practice
+        file: Qt.resolvedUrl("StopwatchSheet.qml")
+        given: ({"practice": tools.practice, "opener": stopwatchSheet})
     }
 }

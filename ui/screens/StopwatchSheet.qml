@@ -8,18 +8,14 @@ ActionSheet {
 
     required property PracticeViewModel practice
 
-    property bool shown: false
-
     objectName: "stopwatch_sheet"
-    visible: shown
     title: "Stopwatch"
+    message: "Save records the time practised, Cancel drops it."
     options: [
         {"title": "Save", "identifier": "stopwatch_save"},
         {"title": "Cancel", "identifier": "stopwatch_cancel", "destructive": true}
     ]
-    onDismissed: shown = false
     onChosen: index => {
-        shown = false;
         if (index === 0)
             practice.finishStopwatch();
         else
