@@ -130,6 +130,7 @@ void PracticeListViewModel::addExercise() {
         if (!list)
             return;
         (*list)->setAddExerciseAlertTextFieldText(QString());
+        (*list)->asynchronouslyReloadData();
         (*list)->open({exercise, std::nullopt});
     });
 }
@@ -153,11 +154,20 @@ std::optional<destinations::FromPracticeList> PracticeListViewModel::takeDestina
     return std::exchange(m_destination, std::nullopt);
 }
 
+void PracticeListViewModel::asynchronouslyReloadData() {
+    log(QStringLiteral("PracticeListViewModel.asynchronouslyReloadData"));
+    m_platform.mainQueue.async([self = std::weak_ptr(m_self)] {
+        if (const auto list = self.lock())
+            (*list)->reload();
+    });
+}
+
 void PracticeListViewModel::onAppear() {
+    // From the second time on: midnight may have passed since the list was last looked at.
+    if (!std::exchange(m_isFirstLaunch, false))
+        asynchronouslyReloadData();
     m_metronomeViewModel.setTempo(checkedTruncate(m_singletons.metronome.tempoBPM()));
     m_metronomeViewModel.takeCharge();
-    // Midnight may have passed since the list was last looked at.
-    reload();
 }
 
 } // namespace tamsel

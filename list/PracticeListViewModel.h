@@ -56,6 +56,9 @@ public:
     // Set when a screen is to open; taken by the navigation stack.
     std::optional<destinations::FromPracticeList> takeDestination();
 
+    // Reads the stores again, on a later turn of the main queue.
+    void asynchronouslyReloadData();
+
     Q_INVOKABLE void addTapped();
     Q_INVOKABLE void openExercise(int row);
     Q_INVOKABLE void openDailyLogRow(int row);
@@ -82,6 +85,7 @@ private:
     ListRowModel m_dailyLogRows{this};
     ListRowModel m_exerciseRows{this};
     QString m_dailyLogTitle;
+    bool m_isFirstLaunch = true; // until the list has appeared once
     bool m_addExerciseAlertIsPresented = false;
     QString m_addExerciseAlertTextFieldText;
     std::optional<destinations::FromPracticeList> m_destination;

@@ -24,8 +24,6 @@ PracticeNavigationStackViewModel::PracticeNavigationStackViewModel(Singletons& s
     });
     if (m_practiceViewToShowOnAppLaunch)
         push(*m_practiceViewToShowOnAppLaunch);
-    else
-        m_practiceList.onAppear();
 }
 
 void PracticeNavigationStackViewModel::push(const destinations::FromPracticeList& destination) {
@@ -40,7 +38,6 @@ void PracticeNavigationStackViewModel::pop() {
     leave();
     m_leftPracticeViewModel = std::move(m_practiceViewModel);
     Q_EMIT practiceViewModelChanged();
-    m_practiceList.onAppear();
 }
 
 void PracticeNavigationStackViewModel::leave() {

@@ -37,7 +37,7 @@ public:
     }
 
     void push(const destinations::FromPracticeList& destination);
-    // Back to the list; what runs on the practice screen is saved.
+    // Back to the list, whose screen then tells its model that it appears; what runs on the practice screen is saved.
     Q_INVOKABLE void pop();
     // The window closes: what runs is saved.
     void leave();

@@ -24,12 +24,17 @@ void TabViewModel::setSelectedTabIndex(int index) {
     if (std::exchange(m_selectedTabIndex, index) != index)
         Q_EMIT selectedTabIndexChanged();
     if (index == thanksTabIndex)
+        setShowUnreadVariantOfThanksTabItem(false);
+}
+
+void TabViewModel::setShowUnreadVariantOfThanksTabItem(bool show) {
+    if (std::exchange(m_showUnreadVariantOfThanksTabItem, show) != show)
+        Q_EMIT showUnreadVariantOfThanksTabItemChanged();
+    if (!show)
         markThanksAsRead();
 }
 
 void TabViewModel::markThanksAsRead() {
-    if (std::exchange(m_showUnreadVariantOfThanksTabItem, false))
-        Q_EMIT showUnreadVariantOfThanksTabItemChanged();
     m_singletons.userDefaults.setBoolean(keys::hasReadThanksMessage, true);
     m_singletons.userDefaults.setBoolean(keys::hasReadThanksMessageAug5, true);
 }

@@ -19,8 +19,8 @@ class TabViewModel final : public QObject {
 
     Q_PROPERTY(
         int selectedTabIndex READ selectedTabIndex WRITE setSelectedTabIndex NOTIFY selectedTabIndexChanged FINAL)
-    Q_PROPERTY(bool showUnreadVariantOfThanksTabItem READ showUnreadVariantOfThanksTabItem NOTIFY
-                   showUnreadVariantOfThanksTabItemChanged FINAL)
+    Q_PROPERTY(bool showUnreadVariantOfThanksTabItem READ showUnreadVariantOfThanksTabItem WRITE
+                   setShowUnreadVariantOfThanksTabItem NOTIFY showUnreadVariantOfThanksTabItemChanged FINAL)
     Q_PROPERTY(tamsel::TabItem practiceTabItem READ practiceTabItem CONSTANT FINAL)
     Q_PROPERTY(tamsel::TabItem historyTabItem READ historyTabItem CONSTANT FINAL)
     Q_PROPERTY(tamsel::TabItem thanksTabItem READ thanksTabItem NOTIFY showUnreadVariantOfThanksTabItemChanged FINAL)
@@ -39,6 +39,9 @@ public:
     void setSelectedTabIndex(int index);
     // Only somebody who has read an earlier message is shown that there is a newer one; a new user never is.
     bool showUnreadVariantOfThanksTabItem() const { return m_showUnreadVariantOfThanksTabItem; }
+
+    // Clearing it marks the messages as read.
+    void setShowUnreadVariantOfThanksTabItem(bool show);
 
     TabItem practiceTabItem() const;
     TabItem historyTabItem() const;

@@ -85,6 +85,14 @@ int MetronomeViewModel::beatIndicatorCount() const {
 
 void MetronomeViewModel::takeCharge() {
     m_metronome.setDelegate(m_tickReceiver);
+    isPlayingMayHaveChanged();
+}
+
+void MetronomeViewModel::isPlayingMayHaveChanged() {
+    if (!m_metronome.isPlaying()) {
+        setVisualBellOn(false);
+        setBeatIndicatorIndex(-1);
+    }
     Q_EMIT isPlayingChanged();
 }
 
@@ -120,11 +128,7 @@ void MetronomeViewModel::setIsPlaying(bool play) {
         m_metronome.start();
     else
         m_metronome.stop();
-    if (!m_metronome.isPlaying()) {
-        setVisualBellOn(false);
-        setBeatIndicatorIndex(-1);
-    }
-    Q_EMIT isPlayingChanged();
+    isPlayingMayHaveChanged();
 }
 
 void MetronomeViewModel::plusTapped() {

@@ -112,6 +112,8 @@ private:
     qint64 nextBookmark() const;
     qint64 previousBookmark() const;
     void clickHeard(MetronomeBeat beat);
+    // Tells the screen; one that is not playing does not stay lit.
+    void isPlayingMayHaveChanged();
     void setVisualBellOn(bool on);
     void setBeatIndicatorIndex(int index);
 

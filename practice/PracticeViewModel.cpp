@@ -264,7 +264,9 @@ void PracticeViewModel::reloadRecentPracticeSessions() {
     QList<PracticeSession> sessions;
     const Date today = m_platform.calendar.startOfDay(m_platform.clock.now());
     for (const PracticeSession& session : m_singletons.dailyLog.practiceSessions()) {
-        if (session.exercise == m_exercise && m_platform.calendar.startOfDay(session.date) == today)
+        // By its end, so that what was begun before midnight shows when it is saved after.
+        const Date end = session.date + static_cast<double>(session.seconds);
+        if (session.exercise == m_exercise && m_platform.calendar.startOfDay(end) == today)
             sessions.prepend(session);
     }
     if (m_recentPracticeSessions == sessions)

@@ -107,7 +107,7 @@ public:
     bool canStartTimer() const { return !stopwatchExists(); }
     bool canStartStopwatch() const { return !timerExists(); }
 
-    // Today's sessions of the item, newest first.
+    // The item's sessions that ended today, newest first.
     const QList<PracticeSession>& recentPracticeSessions() const { return m_recentPracticeSessions; }
     QList<RecentPracticeSession> recentPracticeSessionRows() const;
     // How long the item was practised today; empty without a session.

@@ -58,7 +58,14 @@ TEST_F(NavigationTest, TheMetronomePlaysOnUnderTheScreenThatIsOnTop) {
     singletons().exercises.setItems({a, b});
     PracticeNavigationStackViewModel stack(singletons(), world.platform, coordinator);
     MetronomeViewModel& compact = *stack.practiceList()->metronomeViewModel();
+    stack.practiceList()->onAppear();
     compact.setIsPlaying(true);
+    for (int click = 0; click < 3 && !compact.isVisualBellOn(); ++click) {
+        world.output.render(22050);
+        world.output.settle();
+        world.mainQueue.runDue();
+    }
+    EXPECT_TRUE(compact.isVisualBellOn());
     stack.push({a, std::nullopt});
     MetronomeViewModel& full = *stack.practiceViewModel()->metronomeViewModel();
     EXPECT_TRUE(full.isPlaying());
@@ -77,7 +84,9 @@ TEST_F(NavigationTest, TheMetronomePlaysOnUnderTheScreenThatIsOnTop) {
     EXPECT_EQ(fullBells, 3) << "one a second, at the item's 60 beats per minute";
     full.setIsPlaying(false);
     stack.pop();
+    stack.practiceList()->onAppear();
     EXPECT_FALSE(compact.isPlaying());
+    EXPECT_FALSE(compact.isVisualBellOn()) << "it was stopped under the other screen and must not stay lit";
     EXPECT_EQ(compact.tempo(), 60) << "the tempo that the practice screen left";
 }
 
@@ -115,6 +124,12 @@ TEST_F(NavigationTest, SelectingTheThanksTabRemovesTheBadgeForGood) {
     EXPECT_TRUE(world.store.boolean(keys::hasReadThanksMessage));
     EXPECT_TRUE(world.store.boolean(keys::hasReadThanksMessageAug5));
     EXPECT_FALSE(TabViewModel(singletons(), world.platform, coordinator).showUnreadVariantOfThanksTabItem());
+
+    world.store.setBoolean(keys::hasReadThanksMessageAug5, false);
+    TabViewModel again(singletons(), world.platform, coordinator);
+    ASSERT_TRUE(again.showUnreadVariantOfThanksTabItem());
+    again.setShowUnreadVariantOfThanksTabItem(false);
+    EXPECT_TRUE(world.store.boolean(keys::hasReadThanksMessageAug5)) << "clearing the flag marks as well";
 }
 
 } // namespace

@@ -50,8 +50,14 @@ TEST_F(PracticeListViewModelTest, ShowsTodaysSessionsFoldedAndTheOtherItems) {
     EXPECT_TRUE(texts(*list.exerciseRows()).isEmpty());
     EXPECT_EQ(list.dailyLogTitle(), QStringLiteral("Mar 14 2024 1h 6m"));
 
-    world.clock.advance(24h);
     list.onAppear();
+    EXPECT_TRUE(world.mainQueue.empty()) << "the first appearance has nothing to reload";
+    world.clock.advance(24h);
+    const test::LogCapture log;
+    list.onAppear();
+    EXPECT_TRUE(log.lines().contains(QStringLiteral("PracticeListViewModel.asynchronouslyReloadData")));
+    EXPECT_FALSE(texts(*list.dailyLogRows()).isEmpty()) << "on a later turn of the main queue";
+    world.mainQueue.runDue();
     EXPECT_TRUE(texts(*list.dailyLogRows()).isEmpty()) << "another day";
     EXPECT_EQ(texts(*list.exerciseRows()),
               QStringList({QStringLiteral("A|Mar 14 2024|"), QStringLiteral("B|Not practised yet|")}))

@@ -227,6 +227,16 @@ TEST_F(PracticeViewModelTest, OneSaveEndsTheTimerFirstAndLeavingEndsBoth) {
     EXPECT_EQ(log().size(), 3);
 }
 
+TEST_F(PracticeViewModelTest, ASessionAcrossMidnightShowsWhenItIsSaved) {
+    open();
+    world.mainQueue.advance(11h + 50min); // 23:50
+    model->startTimer(60);
+    world.mainQueue.advance(20min);
+    model->saveTimer();
+    ASSERT_EQ(model->recentPracticeSessions().size(), 1);
+    EXPECT_EQ(model->todayText(), QStringLiteral("Today 20m"));
+}
+
 TEST_F(PracticeViewModelTest, RecentSessionsAreTodaysOfThisItemNewestFirst) {
     open();
     EXPECT_EQ(model->todayText(), QString());
