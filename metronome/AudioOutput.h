@@ -8,6 +8,7 @@
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <utility>
 
 namespace tamsel {
 
@@ -18,10 +19,18 @@ namespace tamsel {
 // queue given to attach().
 class AudioOutput {
 public:
-    // One scheduled sound needs nothing more from its scheduler: it has begun, or its timeline has ended.
+    // One scheduled sound needs nothing more from its scheduler: it begins so soon that it can only be played, or its
+    // timeline has ended. On the queue.
     using Finished = std::function<void()>;
 
+    // The output has ended the timeline by itself: its device would not start, or has gone. On the queue, before the
+    // timeline's sounds are finished.
+    using Failed = std::function<void()>;
+
     virtual ~AudioOutput() = default;
+
+    // Before attach().
+    void setFailed(Failed failed) { m_failed = std::move(failed); }
 
     // Frames per second of the sample clock. Any thread; constant.
     virtual double sampleRate() const = 0;
@@ -45,6 +54,15 @@ public:
     virtual void stop() = 0;
     // Main thread. Plays the sound once, now, whether or not a timeline runs.
     virtual void playAlert(const SoundBuffer& sound) = 0;
+
+protected:
+    void tellFailure() const {
+        if (m_failed)
+            m_failed();
+    }
+
+private:
+    Failed m_failed;
 };
 
 } // namespace tamsel

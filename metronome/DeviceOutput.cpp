@@ -86,10 +86,8 @@ void DeviceOutput::runStream() {
         return;
     m_streamRuns = true;
     m_streamStart = m_clock->hostTime();
-    if (const std::optional<QString> error = m_device->start()) {
-        log(*error);
-        closeStream();
-    }
+    if (const std::optional<QString> error = m_device->start())
+        deviceFailed(*error);
 }
 
 void DeviceOutput::closeStream() {
@@ -100,6 +98,15 @@ void DeviceOutput::closeStream() {
     m_mixer.reset();
     m_streamOpen = false;
     m_streamRuns = false;
+}
+
+void DeviceOutput::deviceFailed(const QString& line) {
+    log(line);
+    closeStream();
+    if (!m_timelineOpen)
+        return;
+    tellFailure();
+    endTimeline();
 }
 
 // The timeline
@@ -215,8 +222,7 @@ void DeviceOutput::measure() {
 void DeviceOutput::look() {
     m_wakeUps.fetch_add(1);
     if (m_device->failed()) {
-        log(u"The sound output has gone; the next start tries it again");
-        closeStream();
+        deviceFailed(QStringLiteral("The sound output has gone; the next start tries it again"));
         return;
     }
     m_device->hurry();

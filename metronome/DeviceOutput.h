@@ -50,6 +50,8 @@ private:
     std::optional<QString> openStream();
     void runStream();
     void closeStream();
+    // Says so, and ends a timeline that it takes with it.
+    void deviceFailed(const QString& line);
     void endTimeline();
     void measure();
     void beginAlert(const SoundBuffer& sound);

@@ -42,6 +42,7 @@ Metronome::Metronome(AudioOutput& output, AudioSession& session)
       m_bufferSampleRate(m_format.sampleRate), m_callbacksSyncQueue("Metronome") {
     // First, as an output that is attached may reach for the sound server, which then learns what the session says.
     setUpSession(session);
+    m_output.setFailed([this] { outputFailed(); });
     m_output.attach(m_callbacksSyncQueue, [this] { beatFinished(); });
     setTempo(initialBPM);
 }
@@ -118,6 +119,13 @@ void Metronome::playAlert() {
 }
 
 // On the queue
+
+void Metronome::outputFailed() {
+    setPlaying(false);
+    m_playerStarted = false;
+    if (const auto heard = delegate().lock())
+        heard->metronomeHasStopped(*this);
+}
 
 void Metronome::scheduleBeats() {
     if (!isPlaying())

@@ -37,7 +37,8 @@ public:
     double tempoBPM() const { return m_tempoBPM.load(); }
     Rhythm rhythmSelection() const { return m_rhythmSelection.load(); }
     qint64 beatNumber() const { return m_beatNumber.load(); }
-    // How many clicks may be queued on the output at once.
+    // How many clicks may wait on the output at once. Those that it has finished with, because they begin so soon that
+    // they can only be played, do not count.
     qint64 beatsToScheduleAhead() const { return m_beatsToScheduleAhead.load(); }
 
     // Clamps to slowestBPM...fastestBPM. Changes nothing, deliberately, when the whole numbers of beats per minute are
@@ -76,6 +77,7 @@ private:
     std::weak_ptr<MetronomeDelegate> delegate() const;
 
     // On the queue.
+    void outputFailed();
     void scheduleBeats();
     void scheduleNextBeat();
     void scheduleTick(qint64 sampleTime, MetronomeBeat beat);

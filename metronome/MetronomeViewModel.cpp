@@ -60,6 +60,13 @@ public:
         });
     }
 
+    void metronomeHasStopped(Metronome&) override {
+        m_mainQueue.async([owner = m_owner] {
+            if (owner)
+                owner->isPlayingMayHaveChanged();
+        });
+    }
+
 private:
     // Only looked into on the main thread, where the controller lives and dies.
     const QPointer<MetronomeViewModel> m_owner;

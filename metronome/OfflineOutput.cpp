@@ -52,6 +52,13 @@ void OfflineOutput::detach() {
     m_finished = nullptr;
 }
 
+void OfflineOutput::fail() {
+    m_queue->sync([this] {
+        tellFailure();
+        endTimeline();
+    });
+}
+
 std::optional<QString> OfflineOutput::start() {
     if (!m_startError)
         m_timeline = m_mixer.openTimeline();

@@ -29,6 +29,8 @@ public:
     // is due as soon as its click has been scheduled.
     void setTimelineStart(std::chrono::nanoseconds hostTime) { m_timelineStart.store(hostTime); }
     void setLatency(std::chrono::nanoseconds latency) { m_latency.store(latency); }
+    // Ends the timeline as a device that goes would. Not on the queue.
+    void fail();
     // Makes every start fail with that error, until it is set to none. Not while a start is under way.
     void setStartError(std::optional<QString> error) { m_startError = std::move(error); }
 

@@ -295,6 +295,41 @@ TEST_F(EngineOnDevice, ADeviceThatVanishesIsReportedAndTriedAgain) {
     EXPECT_EQ(device.started, 2);
 }
 
+TEST_F(EngineOnDevice, AFailingDeviceStopsTheMetronomeAndTheNextStartPlays) {
+    class Listener final : public MetronomeDelegate {
+    public:
+        void metronomeTicking(Metronome&, MetronomeBeat) override {}
+        void metronomeHasStopped(Metronome& metronome) override {
+            wasPlaying = metronome.isPlaying();
+            stopped.release();
+        }
+        std::binary_semaphore stopped{0};
+        bool wasPlaying = true;
+    };
+    const auto listener = std::make_shared<Listener>();
+    metronome.setDelegate(listener);
+    device.startError = QStringLiteral("does not start");
+    metronome.start();
+    listener->stopped.acquire();
+    EXPECT_FALSE(listener->wasPlaying);
+    device.waitForClosed(1);
+    device.startError.reset();
+    metronome.start();
+    EXPECT_TRUE(metronome.isPlaying());
+    device.failed = true;
+    listener->stopped.acquire();
+    EXPECT_FALSE(metronome.isPlaying());
+    device.waitForClosed(2);
+    device.failed = false;
+    device.runsFreely = true;
+    metronome.start();
+    metronome.stop();
+    device.waitForClosed(3);
+    EXPECT_EQ(device.started, 2);
+    const auto heard = std::ranges::find_if(device.recording, [](float sample) { return sample != 0.0F; });
+    EXPECT_NE(heard, device.recording.end()) << "the clicks of the failed timelines took no places with them";
+}
+
 TEST_F(EngineOnDevice, TheStreamEndsAfterAnAlert) {
     metronome.playAlert();
     device.waitForClosed(1);

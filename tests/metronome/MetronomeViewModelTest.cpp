@@ -227,6 +227,25 @@ TEST_F(MetronomeViewModelTest, ClicksAfterTheScreenIsGoneOrStoppedDoNothing) {
     metronome.stop();
 }
 
+TEST_F(MetronomeViewModelTest, ADeviceThatGoesLeavesTheScreenDarkAndStopped) {
+    const auto model = make(settingsWith(120, false));
+    model->takeCharge();
+    model->playPauseTapped();
+    output.render(100);
+    output.settle();
+    mainQueue.runDue();
+    ASSERT_GE(model->beatIndicatorIndex(), 0);
+    int notified = 0;
+    QObject::connect(model.get(), &MetronomeViewModel::isPlayingChanged, [&] { ++notified; });
+    output.fail();
+    EXPECT_EQ(notified, 0) << "on the main thread";
+    mainQueue.runDue();
+    EXPECT_EQ(notified, 1);
+    EXPECT_FALSE(model->isPlaying());
+    EXPECT_FALSE(model->isVisualBellOn());
+    EXPECT_EQ(model->beatIndicatorIndex(), -1);
+}
+
 TEST_F(MetronomeViewModelTest, AFailingStartLeavesItStopped) {
     const auto model = make(settingsWith(120, false));
     output.setStartError(QStringLiteral("no device"));
