@@ -1,6 +1,7 @@
 #include "tests/support/LogCapture.h"
 #include "tests/ui/UiWorld.h"
 
+#include <QAccessible>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -372,6 +373,53 @@ TEST_F(ScreensTest, EveryControlIsInsideTheWindowAndLargeEnough) {
             ui.press(Qt::Key_Escape);
         }
     }
+}
+
+// Reads the window as a screen reader does: every control has a name, a fitting role and what it needs to be worked.
+TEST_F(ScreensTest, AScreenReaderFindsEveryControl) {
+    QAccessible::setActive(true);
+    openFilled();
+    const auto check = [this](const char* identifier, const char* name, QAccessible::Role role, const char* action) {
+        QQuickItem* const item = ui.find(QString::fromLatin1(identifier));
+        ASSERT_NE(item, nullptr) << identifier;
+        QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(item);
+        ASSERT_NE(spoken, nullptr) << identifier;
+        EXPECT_EQ(spoken->text(QAccessible::Name).toStdString(), name) << identifier;
+        EXPECT_EQ(spoken->role(), role) << identifier;
+        EXPECT_TRUE(spoken->state().focusable) << identifier;
+        if (action != nullptr) {
+            ASSERT_NE(spoken->actionInterface(), nullptr) << identifier;
+            spoken->actionInterface()->doAction(QString::fromLatin1(action));
+            ui.settle();
+        }
+    };
+    check("practice_tab", "Practice", QAccessible::PageTab, "Press");
+    check("thanks_tab", "Thanks", QAccessible::PageTab, nullptr);
+    check("plus button", "plus button", QAccessible::Button, nullptr);
+    check("tap_tempo_button", "Tap Tempo", QAccessible::Button, nullptr);
+    check("exercises_header", "Items", QAccessible::Button, nullptr);
+    check("daily_log_row_0", "C Major Scales", QAccessible::ListItem, nullptr);
+    check("add_item_button", "add item", QAccessible::Button, "Press");
+    EXPECT_TRUE(ui.list().addExerciseAlertIsPresented());
+    check("alert_confirm_button", "Add", QAccessible::Button, nullptr);
+    check("alert_text_field", "Add practice item", QAccessible::EditableText, nullptr);
+    ui.press(Qt::Key_Escape);
+
+    check("exercise_row_0", "Arpeggios", QAccessible::ListItem, "Press");
+    ASSERT_NE(ui.practice(), nullptr);
+    metronome().setTempo(100);
+    check("current_tempo_field", "Current tempo field", QAccessible::EditableText, "Increase");
+    EXPECT_EQ(metronome().tempo(), 101);
+    check("minus button", "minus button", QAccessible::Button, "Press");
+    EXPECT_EQ(metronome().tempo(), 100);
+    check("up button", "up button", QAccessible::Button, nullptr);
+    check("down button", "down button", QAccessible::Button, nullptr);
+    check("play pause button", "play pause button", QAccessible::Button, "Press");
+    EXPECT_TRUE(metronome().isPlaying());
+    check("stopwatch_button", "Stopwatch", QAccessible::Button, "Press");
+    check("stopwatch_pause_button", "Pause stopwatch", QAccessible::Button, "Press");
+    check("stopwatch_pause_button", "Resume stopwatch", QAccessible::Button, nullptr);
+    QAccessible::setActive(false);
 }
 
 TEST_F(ScreensTest, NothingHappensWhileNothingChanges) {

@@ -135,6 +135,9 @@ int grabAll(const QString& folder) {
         takePractice(album, view.size, QString::fromLatin1(view.name), view.textScale);
     }
     takeOdd(album);
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    takeList(album, {390, 844}, QStringLiteral("mirrored"), 1);
+    takePractice(album, {844, 390}, QStringLiteral("mirrored"), 1);
     return 0;
 }
 

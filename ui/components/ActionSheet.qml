@@ -115,7 +115,6 @@ PopupBase {
                             rightPadding: Theme.smallSpacing
                             text: modelData.title
                             look: modelData.destructive === true ? PillButton.Destructive : PillButton.Raised
-                            Accessible.role: Accessible.MenuItem
                             onClicked: {
                                 sheet.opener.shown = false;
                                 sheet.chosen(index);

@@ -80,6 +80,7 @@ BaseButton {
         ClockText {
             id: clock
 
+            anchors.left: parent.left
             anchors.top: title.bottom
             anchors.topMargin: -Theme.smallSpacing
             text: card.clockText

@@ -1,24 +1,42 @@
 import QtQuick
+import QtQuick.Templates as T
 import Tamsel.Ui
 
 // One row of a section's card: a name, a line of detail below it and a text at the end. The card itself is drawn by the
 // section; all but the last row draw the line that parts them from the next.
-BaseButton {
+// Based on a template of its own because a screen reader takes the role from the template, whatever is said here.
+T.ItemDelegate {
     id: row
 
     // Required, so that a view fills it from its model's role of that name.
     required property string detail
     property string trailing
     property bool last: false
+    property bool hasLongPress: false
+
+    signal longPressed()
 
     implicitHeight: Math.max(Math.round(54 * Theme.textScale), Theme.touchTarget,
                              Math.ceil(words.height) + 2 * Theme.smallSpacing)
     leftPadding: Theme.mediumSpacing
     rightPadding: Theme.mediumSpacing
-    focusRadius: Theme.fieldRadius
-    focusGap: -3
-    Accessible.role: Accessible.ListItem
+    padding: 0
+    focusPolicy: Qt.TabFocus
+    Keys.forwardTo: [behavior]
+    Accessible.name: text
     Accessible.description: trailing === "" ? detail : detail + ", " + trailing
+    Accessible.focusable: true
+    Accessible.onPressAction: row.clicked()
+
+    PressBehavior {
+        id: behavior
+
+        control: row
+        radius: Theme.fieldRadius
+        gap: -3
+        hasLongPress: row.hasLongPress
+        onLongPressed: row.longPressed()
+    }
 
     background: Item {
         Rectangle {

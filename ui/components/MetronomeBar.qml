@@ -11,6 +11,9 @@ Item {
     property Item above: null
     readonly property Item firstButton: minus
 
+    // Less is on the left and more on the right in every script, as on any metronome.
+    LayoutMirroring.enabled: false
+    LayoutMirroring.childrenInherit: true
     implicitHeight: Math.max(60, tempo.implicitHeight + Theme.smallSpacing)
 
     Surface {

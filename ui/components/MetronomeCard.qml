@@ -21,6 +21,9 @@ Item {
     readonly property int padding: Theme.largeSpacing
     readonly property int spare: height - neededHeight
 
+    // Less is on the left and more on the right in every script, as on any metronome.
+    LayoutMirroring.enabled: false
+    LayoutMirroring.childrenInherit: true
     implicitHeight: Math.max(neededHeight, roomHeight)
 
     Surface {

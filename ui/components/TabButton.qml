@@ -1,8 +1,10 @@
 import QtQuick
+import QtQuick.Templates as T
 import Tamsel.Ui
 
 // One tab of the TabBar. The selected one is told by its bold title and by the hollow around its icon.
-BaseButton {
+// Based on a template of its own because a screen reader takes the role from the template, whatever is said here.
+T.TabButton {
     id: tab
 
     property string iconName
@@ -11,11 +13,23 @@ BaseButton {
     readonly property color ink: selected ? Theme.accent : Theme.secondaryText
 
     implicitHeight: Theme.tabIcon + 3 * Theme.smallSpacing + title.implicitHeight
-    focusRadius: Theme.fieldRadius
-    focusGap: -4
-    Accessible.role: Accessible.PageTab
+    padding: 0
+    checked: selected
+    focusPolicy: Qt.TabFocus
+    Keys.forwardTo: [behavior]
+    Accessible.name: text
+    Accessible.focusable: true
     Accessible.selectable: true
     Accessible.selected: selected
+    Accessible.onPressAction: tab.clicked()
+
+    PressBehavior {
+        id: behavior
+
+        control: tab
+        radius: Theme.fieldRadius
+        gap: -4
+    }
 
     Item {
         anchors.fill: parent

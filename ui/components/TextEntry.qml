@@ -12,6 +12,7 @@ T.TextField {
     implicitHeight: Math.max(Theme.touchTarget, Math.ceil(contentHeight) + 2 * Theme.spacing)
     leftPadding: Theme.mediumSpacing
     rightPadding: Theme.mediumSpacing
+    horizontalAlignment: TextInput.AlignLeft
     verticalAlignment: TextInput.AlignVCenter
     color: Theme.text
     placeholderTextColor: Theme.secondaryText
