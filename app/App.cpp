@@ -16,7 +16,7 @@ void reportAudioSessionFailure(const QString& error) {
     std::fprintf(stderr, "%s\n", line.toUtf8().constData());
 }
 
-// A step that fails ends the rest; the program goes on without sound.
+// A step that fails ends the rest; the program goes on.
 void configureAudioSession(AudioSession& session) {
     if (const auto error = session.setCategory(AudioSession::Category::Playback, AudioSession::Mixing::Exclusive)) {
         reportAudioSessionFailure(*error);
@@ -34,8 +34,9 @@ void configureAudioSession(AudioSession& session) {
 App::App(SettingsStore& settingsStore, const Platform& platform, AudioOutput& audioOutput, AudioSession& audioSession,
          int acceleration)
     : m_singletons(settingsStore, platform, audioOutput, audioSession),
-      m_coordinator(m_singletons, platform, acceleration), m_content(m_singletons, platform, m_coordinator) {
+      m_coordinator(m_singletons, platform, acceleration) {
     configureAudioSession(audioSession);
+    m_content.emplace(m_singletons, platform, m_coordinator);
 }
 
 } // namespace tamsel

@@ -8,14 +8,16 @@
 #include "model/SettingsStore.h"
 #include "platform/Platform.h"
 
+#include <optional>
+
 namespace tamsel {
 
 // The program: its stores, its navigation, and the root of its screens. Made once, before the first screen is shown.
 // Main thread only.
 class App {
 public:
-    // `acceleration` is 1 in normal use: how many seconds of practice pass in one. Audio that cannot be set up is
-    // logged and leaves the metronome silent. Everything handed in must outlive the app.
+    // `acceleration` is 1 in normal use: how many seconds of practice pass in one. An audio session that cannot be set
+    // up is logged, and the program goes on. Everything handed in must outlive the app.
     App(SettingsStore& settingsStore, const Platform& platform, AudioOutput& audioOutput, AudioSession& audioSession,
         int acceleration);
 
@@ -23,12 +25,12 @@ public:
     App& operator=(const App&) = delete;
 
     Singletons& singletons() { return m_singletons; }
-    ContentViewModel& content() { return m_content; }
+    ContentViewModel& content() { return *m_content; }
 
 private:
     Singletons m_singletons;
     Coordinator m_coordinator;
-    ContentViewModel m_content;
+    std::optional<ContentViewModel> m_content; // made last, when the audio session is set up
 };
 
 } // namespace tamsel

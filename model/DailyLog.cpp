@@ -3,6 +3,7 @@
 #include "model/Json.h"
 #include "model/SetAside.h"
 #include "model/SettingsKeys.h"
+#include "model/StoredDocument.h"
 
 #include <utility>
 
@@ -10,16 +11,13 @@ namespace tamsel {
 
 DailyLog::DailyLog(SettingsStore& userDefaults, const Clock& clock, const Calendar& calendar)
     : m_userDefaults(userDefaults), m_clock(clock) {
-    const auto data = userDefaults.data(keys::practiceSessions);
-    if (!data)
-        return;
-    const auto stored = json::decode<QList<PracticeSession>>(*data, keys::practiceSessions);
-    if (!stored) {
+    const auto stored = readDocument<QList<PracticeSession>>(userDefaults, keys::practiceSessions);
+    if (stored.isUnreadable())
         setAside(userDefaults, keys::practiceSessions);
+    if (!stored.value)
         return;
-    }
     const Date today = calendar.startOfDay(clock.now());
-    for (const PracticeSession& session : *stored) {
+    for (const PracticeSession& session : *stored.value) {
         if (calendar.startOfDay(session.date) == today)
             m_practiceSessions += session;
     }

@@ -3,6 +3,7 @@
 #include "model/Json.h"
 #include "model/SetAside.h"
 #include "model/SettingsKeys.h"
+#include "model/StoredDocument.h"
 #include "platform/FatalError.h"
 #include "platform/Log.h"
 
@@ -33,25 +34,23 @@ bool renameIn(QList<Exercise>& exercises, const QUuid& id, const QString& name) 
 } // namespace
 
 Exercises::Exercises(SettingsStore& userDefaults, UuidSource& uuids) : m_userDefaults(userDefaults), m_uuids(uuids) {
-    if (auto data = userDefaults.data(keys::archivedExercises)) {
-        if (auto decoded = json::decode<QList<Exercise>>(*data, keys::archivedExercises))
-            m_archivedItems = *std::move(decoded);
-        else
-            setAside(userDefaults, keys::archivedExercises);
-    }
-    const auto data = userDefaults.data(keys::exercises);
-    if (!data) {
+    auto archive = readDocument<QList<Exercise>>(userDefaults, keys::archivedExercises);
+    if (archive.isUnreadable())
+        setAside(userDefaults, keys::archivedExercises);
+    m_archivedItems = std::move(archive.value).value_or(QList<Exercise>());
+
+    auto active = readDocument<QList<Exercise>>(userDefaults, keys::exercises);
+    if (active.isAbsent()) {
         m_items = {{QStringLiteral("Untitled practice"), m_uuids.next()}};
         // Saved, so that what is kept under its identity from now on still belongs to it after a restart.
         saveItems();
         return;
     }
-    if (auto decoded = json::decode<QList<Exercise>>(*data, keys::exercises)) {
-        m_items = *std::move(decoded);
-    } else {
-        log(decoded.error().message);
+    if (active.isUnreadable()) {
+        log(active.problem);
         setAside(userDefaults, keys::exercises);
     }
+    m_items = std::move(active.value).value_or(QList<Exercise>());
 }
 
 void Exercises::setItems(QList<Exercise> items) {

@@ -2,6 +2,7 @@
 
 #include "model/Json.h"
 #include "model/SettingsKeys.h"
+#include "model/StoredDocument.h"
 #include "platform/FatalError.h"
 #include "platform/Log.h"
 
@@ -13,8 +14,7 @@ namespace {
 
 constexpr qint64 secondsPerMinute = 60;
 
-// The events from `first` on, with the new name where they carry the old one. Fresh identifiers come later, on the
-// main thread; a renamed event has a null one until then.
+// The events from `first` on, with the new name where they carry the old one. Those have no identifier yet.
 QList<HistoryEvent> renamed(QList<HistoryEvent> events, qsizetype first, const QString& oldName,
                             const QString& newName) {
     for (qsizetype i = first; i < events.size(); ++i) {
@@ -29,21 +29,22 @@ QList<HistoryEvent> renamed(QList<HistoryEvent> events, qsizetype first, const Q
 History::History(DailyLog& dailyLog, SettingsStore& userDefaults, Queue& mainQueue, UuidSource& uuids, WorkQueue queue)
     : m_dailyLog(dailyLog), m_userDefaults(userDefaults), m_mainQueue(mainQueue), m_uuids(uuids),
       m_queue(std::move(queue)) {
-    auto data = userDefaults.data(keys::historyEvents);
-    if (!data)
-        return;
-    if (data->endsWith(']'))
-        m_extendableBytes = data->size();
-    auto decoded = json::decode<QList<HistoryEvent>>(*std::move(data), keys::historyEvents);
-    if (!decoded) {
-        log(QStringLiteral("The history in %1 cannot be read: %2")
-                .arg(userDefaults.location(), decoded.error().message));
+    auto stored = readDocument<QList<HistoryEvent>>(userDefaults, keys::historyEvents);
+    if (stored.isUnreadable()) {
+        log(QStringLiteral("The history in %1 cannot be read: %2").arg(userDefaults.location(), stored.problem));
         fatalError({});
     }
-    m_events = *std::move(decoded);
+    if (stored.lastByte == ']')
+        m_extendableBytes = stored.size;
+    m_events = std::move(stored.value).value_or(QList<HistoryEvent>());
 }
 
-History::~History() = default;
+History::~History() {
+    // Its work ends here. What it had left is done now, so that no rename is lost with the program.
+    m_queue.reset();
+    for (const Rename& rename : std::as_const(m_renames))
+        takeOver(rename, renamed(m_events, 0, rename.oldName, rename.newName));
+}
 
 void History::setEvents(QList<HistoryEvent> events) {
     m_events = std::move(events);
@@ -86,7 +87,12 @@ void History::save() {
 }
 
 void History::renameExercise(const QString& oldName, const QString& newName, std::function<void()> completion) {
-    auto finish = [self = std::weak_ptr(m_self), generation = m_generation, oldName, newName,
+    m_renames += Rename{oldName, newName};
+    rebuild(m_renames.last(), std::move(completion));
+}
+
+void History::rebuild(const Rename& rename, std::function<void()> completion) {
+    auto finish = [self = std::weak_ptr(m_self), generation = m_generation, rename,
                    completion = std::move(completion)](const QList<HistoryEvent>& rebuilt) mutable {
         const auto history = self.lock();
         if (!history)
@@ -94,23 +100,29 @@ void History::renameExercise(const QString& oldName, const QString& newName, std
         History& store = **history;
         if (store.m_generation != generation) {
             // The list was replaced meanwhile: what was computed is about another list.
-            store.renameExercise(oldName, newName, std::move(completion));
+            store.rebuild(rename, std::move(completion));
             return;
         }
         // What was recorded meanwhile stands behind the rest.
         const qsizetype known = rebuilt.size();
-        QList<HistoryEvent> events = renamed(rebuilt + store.m_events.sliced(known), known, oldName, newName);
-        for (HistoryEvent& event : events) {
-            if (event.id.isNull() && event.exerciseName == newName)
-                event.id = store.m_uuids.next();
-        }
-        store.setEvents(std::move(events));
+        store.takeOver(rename, renamed(rebuilt + store.m_events.sliced(known), known, rename.oldName, rename.newName));
+        store.m_renames.removeOne(rename);
         if (completion)
             completion();
     };
-    m_queue->async([&mainQueue = m_mainQueue, events = m_events, oldName, newName, finish = std::move(finish)] {
-        mainQueue.async([finish, rebuilt = renamed(events, 0, oldName, newName)]() mutable { finish(rebuilt); });
+    // Handed on, not copied: what the completion holds is released on the main thread.
+    m_queue->async([&mainQueue = m_mainQueue, events = m_events, rename, finish = std::move(finish)]() mutable {
+        auto rebuilt = renamed(std::move(events), 0, rename.oldName, rename.newName);
+        mainQueue.async([finish = std::move(finish), rebuilt = std::move(rebuilt)]() mutable { finish(rebuilt); });
     });
+}
+
+void History::takeOver(const Rename& rename, QList<HistoryEvent> events) {
+    for (qsizetype i = 0; i < events.size(); ++i) {
+        if (m_events.at(i).exerciseName == rename.oldName)
+            events[i].id = m_uuids.next();
+    }
+    setEvents(std::move(events));
 }
 
 } // namespace tamsel

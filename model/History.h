@@ -43,6 +43,16 @@ public:
     void renameExercise(const QString& oldName, const QString& newName, std::function<void()> completion = {});
 
 private:
+    struct Rename {
+        QString oldName;
+        QString newName;
+        bool operator==(const Rename&) const = default;
+    };
+
+    // Starts the work of a rename on the queue.
+    void rebuild(const Rename& rename, std::function<void()> completion);
+    // Takes the list that a rename gives, with fresh identifiers for the renamed events.
+    void takeOver(const Rename& rename, QList<HistoryEvent> events);
     void append(const HistoryEvent& event);
     void save();
 
@@ -56,6 +66,7 @@ private:
     std::optional<qsizetype> m_extendableBytes;
     // Counts every change but an append: what a rename was computed from is stale when it differs.
     quint64 m_generation = 0;
+    QList<Rename> m_renames; // not taken over yet
     Observable m_eventsChanged;
     // Given to work on other queues, which does nothing once this store is gone.
     std::shared_ptr<History*> m_self = std::make_shared<History*>(this);

@@ -9,8 +9,6 @@ namespace tamsel {
 
 namespace {
 
-const QString flagKey = QStringLiteral("didMigrateLegacySettings");
-
 // Reads the settings under the old keys; what is absent there has the value of a new item.
 class LegacyReader {
 public:
@@ -64,7 +62,7 @@ private:
 } // namespace
 
 void migrateLegacySettings(SettingsStore& store, const QList<Exercise>& exercises) {
-    if (store.boolean(flagKey))
+    if (store.boolean(keys::didMigrateLegacySettings))
         return;
     store.atomically([&] {
         for (const Exercise& exercise : exercises) {
@@ -76,7 +74,7 @@ void migrateLegacySettings(SettingsStore& store, const QList<Exercise>& exercise
             for (const QString& suffix : keys::legacy::suffixes)
                 store.remove(keys::uuidText(exercise.id) + suffix);
         }
-        store.setBoolean(flagKey, true);
+        store.setBoolean(keys::didMigrateLegacySettings, true);
     });
 }
 

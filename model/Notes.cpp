@@ -3,30 +3,24 @@
 #include "model/Json.h"
 #include "model/SetAside.h"
 #include "model/SettingsKeys.h"
+#include "model/StoredDocument.h"
 #include "platform/FatalError.h"
 #include "platform/Log.h"
 
 namespace tamsel {
 
 std::optional<QList<Note>> Notes::notes(const Exercise& exercise) const {
-    const QString key = keys::notes(exercise);
-    const auto data = m_userDefaults->data(key);
-    if (!data)
-        return std::nullopt;
-    auto decoded = json::decode<QList<Note>>(*data, key);
-    if (!decoded)
-        return std::nullopt;
-    return *std::move(decoded);
+    return readDocument<QList<Note>>(*m_userDefaults, keys::notes(exercise)).value;
 }
 
 void Notes::add(const Note& note, const Exercise& exercise) {
-    const auto present = notes(exercise);
     const QString key = keys::notes(exercise);
-    if (!present && m_userDefaults->value(key)) {
+    const auto present = readDocument<QList<Note>>(*m_userDefaults, key);
+    if (present.isUnreadable()) {
         log(QStringLiteral("%1 in %2 cannot be read; a copy is kept under %3")
                 .arg(key, m_userDefaults->location(), setAside(*m_userDefaults, key)));
     }
-    save(present.value_or(QList<Note>()) + QList<Note>{note}, exercise);
+    save(present.value.value_or(QList<Note>()) + QList<Note>{note}, exercise);
 }
 
 void Notes::remove(const Note& note, const Exercise& exercise) {

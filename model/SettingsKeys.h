@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-// The one list of keys in the settings store.
+// The one list of keys in the settings store. Copies of unreadable values lie under "unreadable." and their key.
 namespace tamsel::keys {
 
 inline const QString exercises = QStringLiteral("exercises");
@@ -19,6 +19,7 @@ inline const QString hasReadThanksMessageAug5 = QStringLiteral("hasReadThanksMes
 inline const QString hasReadJul15Message = QStringLiteral("hasReadJul15Message");
 inline const QString dateOfLastReviewRequest = QStringLiteral("dateOfLastReviewRequest");
 inline const QString numberOfPromptsForReview = QStringLiteral("numberOfPromptsForReview");
+inline const QString didMigrateLegacySettings = QStringLiteral("didMigrateLegacySettings");
 
 // The canonical text of an identifier: 36 characters, upper-case, hyphenated.
 inline QString uuidText(const QUuid& id) {

@@ -3,18 +3,12 @@
 #include "model/Json.h"
 #include "model/SetAside.h"
 #include "model/SettingsKeys.h"
+#include "model/StoredDocument.h"
 
 namespace tamsel {
 
 std::optional<ExerciseSettings> storedSettings(const SettingsStore& store, const QUuid& exerciseId) {
-    const QString key = keys::settings(exerciseId);
-    const auto data = store.data(key);
-    if (!data)
-        return std::nullopt;
-    auto decoded = json::decode<ExerciseSettings>(*data, key);
-    if (!decoded)
-        return std::nullopt;
-    return *std::move(decoded);
+    return readDocument<ExerciseSettings>(store, keys::settings(exerciseId)).value;
 }
 
 void storeSettings(SettingsStore& store, const QUuid& exerciseId, const ExerciseSettings& settings) {
@@ -22,7 +16,7 @@ void storeSettings(SettingsStore& store, const QUuid& exerciseId, const Exercise
     if (!document)
         return;
     const QString key = keys::settings(exerciseId);
-    if (store.value(key) && !storedSettings(store, exerciseId))
+    if (readDocument<ExerciseSettings>(store, key).isUnreadable())
         setAside(store, key);
     store.setData(key, *document);
 }

@@ -151,6 +151,10 @@ TEST_F(StoresTest, UnreadableListsAreEmptyAndACopyStays) {
     EXPECT_EQ(stored(QStringLiteral("unreadable.exercises")), QByteArray("[{\"name\":1}]"));
     EXPECT_EQ(stored(QStringLiteral("unreadable.archive.items")), QByteArray("not json"));
     EXPECT_EQ(stored(QStringLiteral("unreadable.DailyLog.practiceSessions")), QByteArray("[{}]"));
+    // So is a value that is no document at all.
+    store.setInteger(keys::practiceSessions, 7);
+    makeDailyLog();
+    EXPECT_EQ(store.integer(QStringLiteral("unreadable.DailyLog.practiceSessions.2")), 7);
     // Other unreadable data later: both copies stay; the same data once more adds none.
     store.setData(keys::exercises, "worse");
     makeExercises();
@@ -297,7 +301,7 @@ TEST_F(StoresTest, ARenameOfAListThatWasReplacedMeanwhileStartsOver) {
     EXPECT_EQ(history->events().first().practiceTime, 9);
 }
 
-TEST_F(StoresTest, ARenameThatEndsAfterTheStoreIsGoneDoesNothing) {
+TEST_F(StoresTest, ARenameThatWasNotFinishedIsDoneWhenTheStoreGoes) {
     DailyLog log = makeDailyLog();
     auto history = makeHistory(log);
     history->setEvents({{clock.now(), scales.name, 5, {}, {}, SequentialUuids::numbered(50)}});
@@ -307,6 +311,9 @@ TEST_F(StoresTest, ARenameThatEndsAfterTheStoreIsGoneDoesNothing) {
     history.reset();
     mainQueue.runDue();
     EXPECT_FALSE(completed);
+    const auto again = makeHistory(log);
+    ASSERT_EQ(again->events().size(), 1);
+    EXPECT_EQ(again->events().first().exerciseName, QStringLiteral("Scales"));
 }
 
 TEST_F(StoresTest, UnreadableHistoryStopsTheProgramAndStaysAsItIs) {
@@ -320,6 +327,12 @@ TEST_F(StoresTest, UnreadableHistoryStopsTheProgramAndStaysAsItIs) {
         testing::KilledBySignal(SIGABRT),
         "^The history in memory cannot be read: history.events\\[0\\].practiceTime: expected integer\nFatal error\n$");
     EXPECT_EQ(stored(keys::historyEvents), QByteArray("[{\"date\":1,\"exerciseName\":\"A\",\"practiceTime\":1.5}]"));
+}
+
+TEST_F(StoresTest, AHistoryOfAnotherKindStopsTheProgramToo) {
+    store.setInteger(keys::historyEvents, 7);
+    DailyLog log = makeDailyLog();
+    EXPECT_EXIT(makeHistory(log), testing::KilledBySignal(SIGABRT), "Fatal error\n$");
 }
 
 // Notes

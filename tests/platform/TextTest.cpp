@@ -15,6 +15,9 @@ namespace {
 TEST(DecimalText, KeepsTheValueAndSaysThatItIsNotAWholeNumberType) {
     EXPECT_EQ(decimalText(120), QStringLiteral("120.0"));
     EXPECT_EQ(decimalText(-3), QStringLiteral("-3.0"));
+    EXPECT_EQ(decimalText(0), QStringLiteral("0.0"));
+    EXPECT_EQ(decimalText(100000), QStringLiteral("100000.0"));
+    EXPECT_EQ(decimalText(1.7e9), QStringLiteral("1700000000.0"));
     EXPECT_EQ(decimalText(120.7), QStringLiteral("120.7"));
     EXPECT_EQ(decimalText(1731700000.123456), QStringLiteral("1731700000.123456"));
     EXPECT_EQ(decimalText(1e300).toDouble(), 1e300);
