@@ -31,6 +31,7 @@ BaseButton {
         depth: Theme.Shallow
         radius: height / 2
         color: !button.prominent ? Theme.ground : button.down ? Theme.accentPressed : Theme.accent
+        shadowColors: button.prominent && button.down ? Theme.pressedAccentShadowColors : Theme.shadowColors
     }
 
     Item {

@@ -33,6 +33,7 @@ BaseButton {
         depth: button.size === RoundButton.Small ? Theme.Shallow : Theme.Middle
         radius: button.side / 2
         color: !button.prominent ? Theme.ground : button.down ? Theme.accentPressed : Theme.accent
+        shadowColors: button.prominent && button.down ? Theme.pressedAccentShadowColors : Theme.shadowColors
 
         Rectangle {
             visible: button.bellOn

@@ -12,6 +12,7 @@ Item {
     property int depth: Theme.Deep
     property real radius: Theme.cardRadius
     property color color: Theme.ground
+    property string shadowColors: Theme.shadowColors
 
     BorderImage {
         id: picture
@@ -50,7 +51,7 @@ Item {
         visible: shown
         source: shown ? "image://tamsel-shadow/" + (raised ? "raised/" : "pressed/") + bodyWidth + "x" + bodyHeight
                         + "/" + corner + "/" + offset + "/" + blur + "/" + Theme.hex(surface.color) + "/"
-                        + Theme.shadowColors
+                        + surface.shadowColors
                       : ""
         Component.onCompleted: complete = true
     }

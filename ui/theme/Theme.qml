@@ -102,7 +102,10 @@ QtObject {
     readonly property var shadowOffsets: [3, 5, 7]
     readonly property var shadowBlurs: [8, 12, 16]
 
+    // The two shadows of a surface, as the picture provider reads them: of the usual ground, and inside a pressed accent.
     readonly property string shadowColors: hex(shadow) + "/" + hex(light) + "/" + devicePixelRatio
+
+    readonly property string pressedAccentShadowColors: "80161b52/40ffffff/" + devicePixelRatio
 
     function scaled(size: int): int {
         return Math.round(size * theme.textScale);
