@@ -14,7 +14,7 @@ QImage ShadowProvider::requestImage(const QString& id, QSize* size, const QSize&
         qWarning("No such shadow: %s", qUtf8Printable(id));
         return {};
     }
-    const QImage image = texture->paint();
+    QImage image = texture->paint();
     *size = image.size();
     return image;
 }

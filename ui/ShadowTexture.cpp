@@ -110,15 +110,15 @@ private:
     const float m_radius;
 };
 
-// The premultiplied colour in a share of its strength.
-QRgb faded(QRgb premultiplied, float share) {
-    const auto part = [share](int value) { return int(float(value) * share + 0.5F); };
+// The premultiplied colour in a share of its strength, of 255.
+QRgb faded(QRgb premultiplied, int share) {
+    const auto part = [share](int value) { return (value * share + 127) / 255; };
     return qRgba(part(qRed(premultiplied)), part(qGreen(premultiplied)), part(qBlue(premultiplied)),
                  part(qAlpha(premultiplied)));
 }
 
 QRgb over(QRgb upper, QRgb lower) {
-    const QRgb rest = faded(lower, float(255 - qAlpha(upper)) / 255);
+    const QRgb rest = faded(lower, 255 - qAlpha(upper));
     return qRgba(qRed(upper) + qRed(rest), qGreen(upper) + qGreen(rest), qBlue(upper) + qBlue(rest),
                  qAlpha(upper) + qAlpha(rest));
 }
@@ -127,17 +127,19 @@ QRgb over(QRgb upper, QRgb lower) {
 class Palette {
 public:
     Palette(const QColor& dark, const QColor& light, QRgb ground) {
-        for (int step = -steps; step <= steps; ++step) {
-            QColor color = step < 0 ? light : dark;
-            color.setAlphaF(color.alphaF() * float(std::abs(step)) / steps);
-            m_colors[size_t(step + steps)] = over(qPremultiply(color.rgba()), ground);
+        for (int step = 0; step <= 2 * steps; ++step) {
+            QColor color = step < steps ? light : dark;
+            color.setAlphaF(color.alphaF() * float(std::abs(step - steps)) / steps);
+            m_colors[size_t(step)] = over(qPremultiply(color.rgba()), ground);
         }
     }
 
-    QRgb color(float shade) const { return m_colors[size_t(int(shade * steps + steps + 0.5F))]; }
+    QRgb color(float shade) const { return m_colors[size_t(shade * steps + middle)]; }
 
 private:
     static constexpr int steps = 255;
+    // Where no shade lies among the colours; a position is cut off to a whole number, so a half more rounds it.
+    static constexpr float middle = steps + 0.5F;
 
     std::array<QRgb, 2 * steps + 1> m_colors;
 };
@@ -231,7 +233,9 @@ QImage ShadowTexture::paint() const {
             const float shade = shadow.at(fieldX - float(offset), fieldY - float(offset)) -
                                 shadow.at(fieldX + float(offset), fieldY + float(offset));
             const QRgb color = palette.color(shade);
-            pixels[column] = raised ? over(faded(bodyColor, inside), color) : faded(color, inside);
+            // Cut off to a whole number; the half keeps a body that is covered but for a rounding error whole.
+            const int share = int(inside * 255.5F);
+            pixels[column] = raised ? over(faded(bodyColor, share), color) : faded(color, share);
         }
     }
     return image;
