@@ -14,13 +14,6 @@ namespace tamsel {
 
 namespace {
 
-constexpr qint64 secondsPerMinute = 60;
-
-QString durationText(qint64 seconds) {
-    return seconds < secondsPerMinute ? formattedTimeInterval(static_cast<double>(seconds))
-                                      : abbreviatedHoursAndMinutes(seconds);
-}
-
 // Today's sessions, those of one item that follow each other made one.
 QList<PracticeSession> folded(const QList<PracticeSession>& sessions, Date now, const Calendar& calendar) {
     QList<PracticeSession> rows;
@@ -77,8 +70,7 @@ void PracticeListViewModel::reload() {
         practisedToday += session.exercise;
         total = checkedAdd(total, session.seconds);
         logRows += {QStringLiteral("daily_log_row_%1").arg(logRows.size()), session.exercise.name,
-                    session.type == SessionType::timer ? QStringLiteral("Timer") : QStringLiteral("Stopwatch"),
-                    durationText(session.seconds)};
+                    sessionTypeText(session.type), sessionDurationText(session.seconds)};
     }
 
     m_exercises.clear();

@@ -19,15 +19,6 @@ constexpr std::array timerMinutes = {1, 2, 3, 4, 5, 10, 15, 20, 30, 45, 60};
 constexpr int alertCount = 3;
 constexpr std::chrono::milliseconds alertSpacing{110};
 
-QString sessionTypeText(SessionType type) {
-    return type == SessionType::timer ? QStringLiteral("Timer") : QStringLiteral("Stopwatch");
-}
-
-QString durationText(qint64 seconds) {
-    return seconds < secondsPerMinute ? formattedTimeInterval(static_cast<double>(seconds))
-                                      : abbreviatedHoursAndMinutes(seconds);
-}
-
 } // namespace
 
 PracticeViewModel::PracticeViewModel(Singletons& singletons, const Platform& platform, const Exercise& exercise,
@@ -278,7 +269,7 @@ void PracticeViewModel::reloadRecentPracticeSessions() {
 QList<RecentPracticeSession> PracticeViewModel::recentPracticeSessionRows() const {
     QList<RecentPracticeSession> rows;
     for (const PracticeSession& session : m_recentPracticeSessions) {
-        rows += {durationText(session.seconds), sessionTypeText(session.type),
+        rows += {sessionDurationText(session.seconds), sessionTypeText(session.type),
                  QStringLiteral("recent_session_%1").arg(rows.size())};
     }
     return rows;
@@ -290,7 +281,7 @@ QString PracticeViewModel::todayText() const {
     qint64 total = 0;
     for (const PracticeSession& session : m_recentPracticeSessions)
         total = checkedAdd(total, session.seconds);
-    return QStringLiteral("Today %1").arg(durationText(total));
+    return QStringLiteral("Today %1").arg(sessionDurationText(total));
 }
 
 } // namespace tamsel

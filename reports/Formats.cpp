@@ -82,6 +82,15 @@ QString abbreviatedHoursAndMinutes(qint64 seconds) {
                                {minutes % secondsPerMinute, icu::MeasureUnit::getMinute()}});
 }
 
+QString sessionDurationText(qint64 seconds) {
+    return seconds < secondsPerMinute ? formattedTimeInterval(static_cast<double>(seconds))
+                                      : abbreviatedHoursAndMinutes(seconds);
+}
+
+QString sessionTypeText(SessionType type) {
+    return type == SessionType::timer ? QStringLiteral("Timer") : QStringLiteral("Stopwatch");
+}
+
 QString spokenDuration(qint64 seconds) {
     static const auto format = measureFormat(UMEASFMT_WIDTH_WIDE);
     return formatted(*format, {{seconds / secondsPerHour, icu::MeasureUnit::getHour()},

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/PracticeSession.h"
 #include "platform/Calendar.h"
 #include "platform/Date.h"
 
@@ -14,6 +15,12 @@ QString formattedTimeInterval(double seconds);
 
 // "1h 5m" in English. Whole minutes; what is left over is dropped. Zero is "0m".
 QString abbreviatedHoursAndMinutes(qint64 seconds);
+
+// How long a session was: "00:42" below a minute, "1h 5m" from one minute up.
+QString sessionDurationText(qint64 seconds);
+
+// How a session was timed: "Timer", "Stopwatch".
+QString sessionTypeText(SessionType type);
 
 // "Mar 14 2024" in English: the pattern "MMM dd YYYY", whose year is deliberately the week-based one.
 QString longDayTitle(Date date, const Calendar& calendar);
