@@ -96,7 +96,6 @@ BaseButton {
             anchors.bottom: parent.bottom
             visible: card.runExists && card.progress >= 0
             value: card.progress
-            Accessible.name: card.text
         }
     }
 }

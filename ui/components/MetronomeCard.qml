@@ -37,7 +37,7 @@ Item {
         anchors.fill: parent
         radius: Theme.heroRadius
         visible: card.metronome.isVisualBellOn
-        color: Theme.reducedMotion ? "transparent" : Theme.bellHaze
+        color: Theme.bellHaze
         border.width: 3
         border.color: Theme.bell
     }

@@ -1,7 +1,7 @@
 import QtQuick
 import Tamsel.Ui
 
-// How much of something is done, from 0 to 1.
+// How much of something is done, from 0 to 1. Drawing only: whoever uses it says what it shows.
 Rectangle {
     id: bar
 
@@ -10,7 +10,7 @@ Rectangle {
     implicitHeight: 4
     radius: height / 2
     color: Theme.track
-    Accessible.role: Accessible.ProgressBar
+    Accessible.ignored: true
 
     Rectangle {
         anchors.left: parent.left

@@ -3,7 +3,8 @@ pragma Singleton
 import QtQuick
 import Tamsel.Ui
 
-// Every colour, radius, distance, duration and type size of Tamsel, once. Lengths are in units of layout.
+// Every colour, radius, distance and type size of Tamsel, once. Lengths are in units of layout. There are no durations:
+// nothing on the screens moves by itself.
 QtObject {
     id: theme
 
@@ -29,7 +30,8 @@ QtObject {
     readonly property color pressedRow: dark ? "#2b303b" : "#dde3ec"
     readonly property color accentHaze: dark ? "#2e98a2ff" : "#244a55c9"
     readonly property color bell: dark ? "#f0a06a" : "#cc6529"
-    readonly property color bellHaze: dark ? "#1cf0a06a" : "#1ae07a3f"
+    // Flashing over an area is motion too.
+    readonly property color bellHaze: reducedMotion ? "transparent" : dark ? "#1cf0a06a" : "#1ae07a3f"
     readonly property color warningGround: dark ? "#4a3524" : "#fbe3d2"
     readonly property color warningInk: dark ? "#ffd9bd" : "#6b3413"
     readonly property color clearGround: dark ? "#0022262f" : "#00e9edf3"
@@ -94,9 +96,6 @@ QtObject {
     readonly property var labelWeights: [Font.Bold, Font.DemiBold, Font.Normal, Font.DemiBold, Font.Normal,
                                          Font.DemiBold, Font.Medium]
 
-    // Durations in milliseconds; nothing moves where the system asks for it.
-    readonly property int transition: reducedMotion ? 0 : 180
-
     // How far a shadow of each depth is moved away, and how far it fades.
     enum Depth { Shallow, Middle, Deep }
     readonly property var shadowOffsets: [3, 5, 7]
@@ -104,7 +103,6 @@ QtObject {
 
     // The two shadows of a surface, as the picture provider reads them: of the usual ground, and inside a pressed accent.
     readonly property string shadowColors: hex(shadow) + "/" + hex(light) + "/" + devicePixelRatio
-
     readonly property string pressedAccentShadowColors: "80161b52/40ffffff/" + devicePixelRatio
 
     function scaled(size: int): int {
