@@ -40,6 +40,7 @@ Item {
         maximumLineCount: 2
         kind: TextLabel.Heading
         Accessible.role: Accessible.Heading
+        Accessible.name: text
     }
 
     Row {

@@ -19,6 +19,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         kind: TextLabel.Title
         Accessible.role: Accessible.Heading
+        Accessible.name: text
     }
 
     Row {
