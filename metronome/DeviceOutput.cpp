@@ -76,7 +76,7 @@ std::optional<QString> DeviceOutput::openStream() {
     if (m_streamOpen && !m_device->failed())
         return std::nullopt;
     closeStream();
-    const std::optional<QString> error = m_device->open(m_mixer);
+    std::optional<QString> error = m_device->open(m_mixer);
     m_streamOpen = !error;
     return error;
 }
@@ -112,7 +112,7 @@ void DeviceOutput::deviceFailed(const QString& line) {
 // The timeline
 
 std::optional<QString> DeviceOutput::start() {
-    if (const std::optional<QString> error = openStream())
+    if (std::optional<QString> error = openStream())
         return error;
     m_timeline = m_mixer.openTimeline();
     m_timelineOpen = true;

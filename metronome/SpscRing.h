@@ -3,7 +3,6 @@
 #include <array>
 #include <atomic>
 #include <cstddef>
-#include <new>
 #include <optional>
 #include <type_traits>
 
@@ -43,12 +42,10 @@ public:
     }
 
 private:
-    // The counts only grow; they lie apart so that the two threads do not share a cache line.
-    static constexpr std::size_t cacheLine = 64;
-
     std::array<T, Capacity> m_values{};
-    alignas(cacheLine) std::atomic<std::size_t> m_written = 0;
-    alignas(cacheLine) std::atomic<std::size_t> m_read = 0;
+    // Both counts only grow.
+    std::atomic<std::size_t> m_written = 0;
+    std::atomic<std::size_t> m_read = 0;
 };
 
 } // namespace tamsel

@@ -20,9 +20,11 @@ std::unique_ptr<ChildProcess> ChildProcess::start(const QStringList& command, Pi
     if (::pipe2(ends.data(), O_CLOEXEC) != 0)
         return nullptr;
     std::vector<QByteArray> words;
+    words.reserve(static_cast<std::size_t>(command.size()));
     for (const QString& word : command)
         words.push_back(word.toLocal8Bit());
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (QByteArray& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
