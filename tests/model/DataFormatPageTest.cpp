@@ -14,7 +14,7 @@ namespace {
 
 // docs/data-format.md, by which people read their own data.
 QString page() {
-    QFile file(QStringLiteral(TAMSEL_TEST_DATA "/../../docs/data-format.md"));
+    QFile file(QStringLiteral(TAMSEL_DOCS "/data-format.md"));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     return QString::fromUtf8(file.readAll());
 }
