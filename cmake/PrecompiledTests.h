@@ -1,0 +1,7 @@
+// The same for the tests.
+#pragma once
+
+#include "Precompiled.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
