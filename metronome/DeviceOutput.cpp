@@ -121,7 +121,11 @@ std::optional<QString> DeviceOutput::start() {
 
 void DeviceOutput::schedule(const SoundBuffer& sound, qint64 sampleTime) {
     m_inFlight.push_back(sampleTime);
-    if (m_streamOpen && !m_mixer.order(sound, sampleTime, m_timeline))
+    // A queue that was held up catches up with clicks that are over: more of them than may wait.
+    const qint64 end = m_mixer.timelineStart() + sampleTime + sound.frameLength();
+    if (!m_streamOpen || end <= m_mixer.framesRendered())
+        return;
+    if (!m_mixer.order(sound, sampleTime, m_timeline))
         trap(); // more in flight than the mixer promises to take
 }
 
@@ -140,10 +144,13 @@ void DeviceOutput::begin() {
 }
 
 void DeviceOutput::finishSounds() {
-    // They tell that sounds have begun, which makes room for more; the count of frames has told it before.
-    m_mixer.takeNotices(m_timeline);
-    while (!m_inFlight.empty() && framesUntilFinish() <= 0)
+    while (true) {
+        // They tell that sounds have begun, which makes room for more; the count of frames has told it before.
+        m_mixer.takeNotices(m_timeline);
+        if (m_inFlight.empty() || framesUntilFinish() > 0)
+            return;
         finishOne();
+    }
 }
 
 void DeviceOutput::finishOne() {

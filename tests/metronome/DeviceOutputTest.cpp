@@ -134,6 +134,18 @@ TEST_F(DeviceOutputTest, WhatADeviceTakesAtOnceHasBeenOrdered) {
     }
 }
 
+TEST_F(DeviceOutputTest, ASchedulerThatWasHeldUpCatchesUpWithTheDevice) {
+    start();
+    // As long as it takes for far more clicks than may wait.
+    run([this] { device.take(200 * interval); });
+    waitForOrders(200);
+    device.take(interval);
+    const std::vector<qint64> heard = onsets();
+    ASSERT_FALSE(heard.empty());
+    EXPECT_EQ((heard.back() - runIn) % interval, 0) << "on the beat again";
+    EXPECT_GT(heard.back(), 199 * interval);
+}
+
 TEST_F(DeviceOutputTest, TimesFollowTheDevice) {
     const auto frames = [](qint64 count) {
         return std::chrono::duration_cast<std::chrono::nanoseconds>(count * 1s) / 44100;
@@ -298,12 +310,13 @@ TEST_F(EngineOnDevice, ADeviceThatVanishesIsReportedAndTriedAgain) {
 TEST_F(EngineOnDevice, AFailingDeviceStopsTheMetronomeAndTheNextStartPlays) {
     class Listener final : public MetronomeDelegate {
     public:
-        void metronomeTicking(Metronome&, MetronomeBeat) override {}
+        void metronomeTicking(Metronome&, MetronomeBeat) override { ticked.release(); }
         void metronomeHasStopped(Metronome& metronome) override {
             wasPlaying = metronome.isPlaying();
             stopped.release();
         }
         std::binary_semaphore stopped{0};
+        std::counting_semaphore<> ticked{0};
         bool wasPlaying = true;
     };
     const auto listener = std::make_shared<Listener>();
@@ -322,7 +335,10 @@ TEST_F(EngineOnDevice, AFailingDeviceStopsTheMetronomeAndTheNextStartPlays) {
     device.waitForClosed(2);
     device.failed = false;
     device.runsFreely = true;
+    while (listener->ticked.try_acquire()) {
+    }
     metronome.start();
+    listener->ticked.acquire();
     metronome.stop();
     device.waitForClosed(3);
     EXPECT_EQ(device.started, 2);
