@@ -7,6 +7,10 @@
 #include "platform/FatalError.h"
 #include "platform/Log.h"
 
+#include <algorithm>
+#include <limits>
+#include <utility>
+
 namespace tamsel {
 
 std::optional<QList<Note>> Notes::notes(const Exercise& exercise) const {
@@ -14,13 +18,19 @@ std::optional<QList<Note>> Notes::notes(const Exercise& exercise) const {
 }
 
 void Notes::add(const Note& note, const Exercise& exercise) {
+    insert(note, std::numeric_limits<qsizetype>::max(), exercise);
+}
+
+void Notes::insert(const Note& note, qsizetype index, const Exercise& exercise) {
     const QString key = keys::notes(exercise);
-    const auto present = readDocument<QList<Note>>(*m_userDefaults, key);
+    auto present = readDocument<QList<Note>>(*m_userDefaults, key);
     if (present.isUnreadable()) {
         log(QStringLiteral("%1 in %2 cannot be read; a copy is kept under %3")
                 .arg(key, m_userDefaults->location(), setAside(*m_userDefaults, key)));
     }
-    save(present.value.value_or(QList<Note>()) + QList<Note>{note}, exercise);
+    QList<Note> notes = std::move(present.value).value_or(QList<Note>());
+    notes.insert(std::min(index, notes.size()), note);
+    save(notes, exercise);
 }
 
 void Notes::remove(const Note& note, const Exercise& exercise) {

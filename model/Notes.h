@@ -21,6 +21,8 @@ public:
 
     // Appends. A stored list that cannot be read is set aside first, with a line on the console.
     void add(const Note& note, const Exercise& exercise);
+    // Puts a note that was removed back at its place in the stored list, or at the end of a list that is shorter now.
+    void insert(const Note& note, qsizetype index, const Exercise& exercise);
     // Removes the note of this identity. Stops the program when the item has no notes.
     void remove(const Note& note, const Exercise& exercise);
     // Replaces the note of this identity. Stops the program when the item has no notes.

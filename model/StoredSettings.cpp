@@ -4,6 +4,7 @@
 #include "model/SetAside.h"
 #include "model/SettingsKeys.h"
 #include "model/StoredDocument.h"
+#include "platform/Log.h"
 
 namespace tamsel {
 
@@ -16,8 +17,10 @@ void storeSettings(SettingsStore& store, const QUuid& exerciseId, const Exercise
     if (!document)
         return;
     const QString key = keys::settings(exerciseId);
-    if (readDocument<ExerciseSettings>(store, key).isUnreadable())
-        setAside(store, key);
+    if (readDocument<ExerciseSettings>(store, key).isUnreadable()) {
+        log(QStringLiteral("%1 in %2 cannot be read; a copy is kept under %3")
+                .arg(key, store.location(), setAside(store, key)));
+    }
     store.setData(key, *document);
 }
 

@@ -14,7 +14,7 @@ namespace tamsel {
 // Nothing when none are stored or they cannot be read; the caller then uses the defaults.
 std::optional<ExerciseSettings> storedSettings(const SettingsStore& store, const QUuid& exerciseId);
 
-// Settings that cannot be read are set aside before they are replaced.
+// Settings that cannot be read are set aside before they are replaced, with a line on the console.
 void storeSettings(SettingsStore& store, const QUuid& exerciseId, const ExerciseSettings& settings);
 
 } // namespace tamsel

@@ -29,10 +29,16 @@ PracticeViewModel::PracticeViewModel(Singletons& singletons, const Platform& pla
       m_timerTicker(platform.clock, platform.mainQueue, acceleration, [this] { onTimerTick(); }),
       m_stopwatchTicker(platform.clock, platform.mainQueue, acceleration, [this] { onStopwatchTick(); }),
       m_dailyLogSubscription(
-          singletons.dailyLog.practiceSessionsChanged().subscribe([this] { reloadRecentPracticeSessions(); })) {
+          singletons.dailyLog.practiceSessionsChanged().subscribe([this] { reloadRecentPracticeSessions(); })),
+      m_itemsSubscription(singletons.exercises.itemsChanged().subscribe([this] { followStoredName(); })),
+      m_archivedItemsSubscription(
+          singletons.exercises.archivedItemsChanged().subscribe([this] { followStoredName(); })),
+      m_notice(platform.mainQueue) {
     m_metronomeViewModel.setTempo(m_exerciseSettings.tempo);
     m_metronomeViewModel.takeCharge();
     connect(&m_metronomeViewModel, &MetronomeViewModel::tempoChanged, this, &PracticeViewModel::onTempoChanged);
+    connectTools();
+    reloadNoteCount();
     reloadRecentPracticeSessions();
 }
 
@@ -47,10 +53,17 @@ QString PracticeViewModel::savedTempoText() const {
 
 void PracticeViewModel::onTempoChanged() {
     if (m_exerciseSettings.autoSavedTempo) {
-        m_exerciseSettings.tempo = m_metronomeViewModel.tempo();
-        storeSettings(m_singletons.userDefaults, m_exercise.id, m_exerciseSettings);
+        ExerciseSettings settings = m_exerciseSettings;
+        settings.tempo = m_metronomeViewModel.tempo();
+        applySettings(settings);
     }
+    if (m_exerciseSettings.clearThumbsUpOnTempoChanges)
+        setThumbsUpCount(0);
+    if (m_exerciseSettings.clearThumbsDownOnTempoChanges)
+        setThumbsDownCount(0);
     Q_EMIT savedTempoTextChanged();
+    Q_EMIT bookmarksChanged();
+    Q_EMIT snippetsChanged();
 }
 
 // Timer
@@ -192,6 +205,7 @@ void PracticeViewModel::saveAndStopRunningSessionIfAble() {
 }
 
 void PracticeViewModel::leave() {
+    setIsShowingSettings(false);
     // One call ends one run. Both are ended: no minute is dropped because the other run was there.
     do
         saveAndStopRunningSessionIfAble();
@@ -257,7 +271,7 @@ void PracticeViewModel::reloadRecentPracticeSessions() {
     for (const PracticeSession& session : m_singletons.dailyLog.practiceSessions()) {
         // By its end, so that what was begun before midnight shows when it is saved after.
         const Date end = session.date + static_cast<double>(session.seconds);
-        if (session.exercise == m_exercise && m_platform.calendar.startOfDay(end) == today)
+        if (session.exercise.id == m_exercise.id && m_platform.calendar.startOfDay(end) == today)
             sessions.prepend(session);
     }
     if (m_recentPracticeSessions == sessions)

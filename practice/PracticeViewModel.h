@@ -7,7 +7,12 @@
 #include "model/PracticeSession.h"
 #include "platform/Observable.h"
 #include "platform/Platform.h"
+#include "practice/ExerciseSettingsViewModel.h"
+#include "practice/ItemHistoryViewModel.h"
+#include "practice/NotesViewModel.h"
+#include "practice/PracticeTools.h"
 #include "practice/SecondTicker.h"
+#include "practice/TimedNotice.h"
 
 #include <QList>
 #include <QObject>
@@ -15,6 +20,7 @@
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
+#include <memory>
 #include <optional>
 
 namespace tamsel {
@@ -47,8 +53,8 @@ public:
     QString identifier; // "recent_session_0"
 };
 
-// The practice screen of one item: its metronome controller, the count-down timer, the stopwatch, and the recording of
-// what they timed. Main thread only.
+// The practice screen of one item: its metronome controller, the count-down timer, the stopwatch, the recording of what
+// they timed, the tools that the item's settings enable, and the sheets opened from it. Main thread only.
 class PracticeViewModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -72,6 +78,43 @@ class PracticeViewModel final : public QObject {
     Q_PROPERTY(QList<tamsel::RecentPracticeSession> recentPracticeSessions READ recentPracticeSessionRows NOTIFY
                    recentPracticeSessionsChanged FINAL)
     Q_PROPERTY(QString todayText READ todayText NOTIFY recentPracticeSessionsChanged FINAL)
+
+    Q_PROPERTY(bool hasThumbsUp READ hasThumbsUp NOTIFY exerciseSettingsChanged FINAL)
+    Q_PROPERTY(bool hasThumbsDown READ hasThumbsDown NOTIFY exerciseSettingsChanged FINAL)
+    Q_PROPERTY(bool hasRhythms READ hasRhythms NOTIFY exerciseSettingsChanged FINAL)
+    Q_PROPERTY(bool hasTapTempo READ hasTapTempo NOTIFY exerciseSettingsChanged FINAL)
+    Q_PROPERTY(bool hasTempoBookmarks READ hasTempoBookmarks NOTIFY exerciseSettingsChanged FINAL)
+    Q_PROPERTY(bool hasQuickNotes READ hasQuickNotes NOTIFY exerciseSettingsChanged FINAL)
+    Q_PROPERTY(QString thumbsUpText READ thumbsUpText NOTIFY countersChanged FINAL)
+    Q_PROPERTY(QString thumbsUpLabel READ thumbsUpLabel NOTIFY countersChanged FINAL)
+    Q_PROPERTY(QString thumbsDownText READ thumbsDownText NOTIFY countersChanged FINAL)
+    Q_PROPERTY(QString thumbsDownLabel READ thumbsDownLabel NOTIFY countersChanged FINAL)
+    Q_PROPERTY(QString rhythmText READ rhythmText NOTIFY rhythmChanged FINAL)
+    Q_PROPERTY(QList<tamsel::ToolMenuOption> rhythmOptions READ rhythmOptions NOTIFY rhythmChanged FINAL)
+    Q_PROPERTY(bool tempoIsBookmarked READ tempoIsBookmarked NOTIFY bookmarksChanged FINAL)
+    Q_PROPERTY(QString bookmarkLabel READ bookmarkLabel NOTIFY bookmarksChanged FINAL)
+    Q_PROPERTY(QList<tamsel::ToolMenuOption> bookmarkOptions READ bookmarkOptions NOTIFY bookmarksChanged FINAL)
+    Q_PROPERTY(QList<tamsel::ToolMenuOption> snippetOptions READ snippetOptions NOTIFY snippetsChanged FINAL)
+    Q_PROPERTY(bool ownerSavesTempo READ ownerSavesTempo NOTIFY exerciseSettingsChanged FINAL)
+    Q_PROPERTY(QString saveTempoText READ saveTempoText NOTIFY savedTempoTextChanged FINAL)
+    Q_PROPERTY(QString notesText READ notesText NOTIFY notesTextChanged FINAL)
+
+    Q_PROPERTY(bool isShowingAddNoteTextField READ isShowingAddNoteTextField WRITE setIsShowingAddNoteTextField NOTIFY
+                   isShowingAddNoteTextFieldChanged FINAL)
+    Q_PROPERTY(QString addNoteTextFieldText READ addNoteTextFieldText WRITE setAddNoteTextFieldText NOTIFY
+                   addNoteTextFieldTextChanged FINAL)
+    Q_PROPERTY(bool canSaveNote READ canSaveNote NOTIFY addNoteTextFieldTextChanged FINAL)
+    Q_PROPERTY(
+        bool isShowingHistory READ isShowingHistory WRITE setIsShowingHistory NOTIFY isShowingHistoryChanged FINAL)
+    Q_PROPERTY(bool isShowingNotes READ isShowingNotes WRITE setIsShowingNotes NOTIFY isShowingNotesChanged FINAL)
+    Q_PROPERTY(
+        bool isShowingSettings READ isShowingSettings WRITE setIsShowingSettings NOTIFY isShowingSettingsChanged FINAL)
+    // Each null until it is shown for the first time, and kept until it is shown again.
+    Q_PROPERTY(tamsel::ItemHistoryViewModel* itemHistory READ itemHistory NOTIFY isShowingHistoryChanged FINAL)
+    Q_PROPERTY(tamsel::NotesViewModel* notesViewModel READ notesViewModel NOTIFY isShowingNotesChanged FINAL)
+    Q_PROPERTY(tamsel::ExerciseSettingsViewModel* settingsViewModel READ settingsViewModel NOTIFY
+                   isShowingSettingsChanged FINAL)
+    Q_PROPERTY(tamsel::TimedNotice* notice READ notice CONSTANT FINAL)
 
 public:
     // Ticks in one second while accelerated time is switched on, for trying things out.
@@ -129,11 +172,89 @@ public:
     // Ends one run and records it if it lasted long enough: the timer's where both exist. Does nothing without a run.
     Q_INVOKABLE void saveAndStopRunningSessionIfAble();
 
-    // The screen is left or the window closes: whatever runs is saved and ended.
+    // The screen is left or the window closes: whatever runs is saved and ended, and a name that was typed is taken
+    // over.
     void leave();
 
     // One second of the timer has passed.
     void onTimerTick();
+
+    // The tools, as they stand at this moment.
+    PracticeToolsGrid toolsGrid();
+    SheetButtons sheetButtons();
+
+    qint64 thumbsUpCount() const { return m_thumbsUpCount; }
+    qint64 thumbsDownCount() const { return m_thumbsDownCount; }
+    Rhythm rhythmSelection() const { return m_metronomeViewModel.rhythmSelection(); }
+
+    bool hasThumbsUp() const { return m_exerciseSettings.thumbsUpCounterEnabled; }
+    bool hasThumbsDown() const { return m_exerciseSettings.thumbsDownCounterEnabled; }
+    bool hasRhythms() const { return m_exerciseSettings.subdivisionsEnabled; }
+    bool hasTapTempo() const { return m_exerciseSettings.tapTempoEnabled; }
+    bool hasTempoBookmarks() const { return m_exerciseSettings.bookmarksEnabled; }
+    bool hasQuickNotes() const { return m_exerciseSettings.quickNotesEnabled; }
+    QString thumbsUpText() const { return QString::number(m_thumbsUpCount); }
+    QString thumbsDownText() const { return QString::number(m_thumbsDownCount); }
+    // What is spoken: the count too, unless it is 0.
+    QString thumbsUpLabel() const;
+    QString thumbsDownLabel() const;
+    // Empty while plain clicks sound.
+    QString rhythmText() const;
+    QList<ToolMenuOption> rhythmOptions();
+    bool tempoIsBookmarked() const;
+    QString bookmarkLabel() const;
+    QList<ToolMenuOption> bookmarkOptions();
+    QList<ToolMenuOption> snippetOptions();
+    // Whether the tempo that the item opens at changes only when its owner says so.
+    bool ownerSavesTempo() const { return !m_exerciseSettings.autoSavedTempo; }
+    // Empty unless there is another tempo to save.
+    QString saveTempoText() const;
+    QString notesText() const;
+
+    Q_INVOKABLE void thumbsUpTapped();
+    Q_INVOKABLE void thumbsUpLongPressed();
+    Q_INVOKABLE void thumbsDownTapped();
+    Q_INVOKABLE void thumbsDownLongPressed();
+    // The index is that of the tool's menu; one that is not in it changes nothing.
+    Q_INVOKABLE void chooseRhythm(int index);
+    Q_INVOKABLE void tapTempoTapped();
+    // Adds the current tempo to the bookmarks, or removes it from them.
+    Q_INVOKABLE void bookmarkTapped();
+    Q_INVOKABLE void chooseBookmark(int index);
+    // Says that there are none yet when there are none. True when there is a menu to be shown.
+    Q_INVOKABLE bool bookmarksLongPressed();
+    Q_INVOKABLE void quickNoteTapped();
+    // Saves the snippet as a note.
+    Q_INVOKABLE void chooseSnippet(int index);
+    // Makes the shown tempo the one that the item opens at.
+    Q_INVOKABLE void saveTempo();
+
+    Q_INVOKABLE void historyTapped() { sheetButtons().onHistoryTapped(); }
+    Q_INVOKABLE void notesTapped() { sheetButtons().onNotesTapped(); }
+    Q_INVOKABLE void settingsTapped() { sheetButtons().onSettingsTapped(); }
+
+    bool isShowingAddNoteTextField() const { return m_isShowingAddNoteTextField; }
+    bool isShowingHistory() const { return m_isShowingHistory; }
+    bool isShowingNotes() const { return m_isShowingNotes; }
+    bool isShowingSettings() const { return m_isShowingSettings; }
+    ItemHistoryViewModel* itemHistory() { return m_itemHistory.get(); }
+    NotesViewModel* notesViewModel() { return m_notesViewModel.get(); }
+    ExerciseSettingsViewModel* settingsViewModel() { return m_settingsViewModel.get(); }
+    TimedNotice* notice() { return &m_notice; }
+    // What was typed stays for the next time until it is saved or dropped.
+    QString addNoteTextFieldText() const { return m_noteDrafts.value(QUuid()); }
+    bool canSaveNote() const { return !addNoteTextFieldText().trimmed().isEmpty(); }
+    void setIsShowingAddNoteTextField(bool showing);
+    void setAddNoteTextFieldText(const QString& text);
+    void setIsShowingHistory(bool showing);
+    void setIsShowingNotes(bool showing);
+    void setIsShowingSettings(bool showing);
+
+    // A blank text is not saved.
+    Q_INVOKABLE void saveNote();
+    Q_INVOKABLE void dropNote();
+    // Puts a snippet behind the text that is being typed.
+    Q_INVOKABLE void insertSnippet(int index);
 
 Q_SIGNALS:
     void exerciseChanged();
@@ -142,6 +263,17 @@ Q_SIGNALS:
     void stopwatchChanged();
     void runsChanged();
     void recentPracticeSessionsChanged();
+    void exerciseSettingsChanged();
+    void countersChanged();
+    void rhythmChanged();
+    void bookmarksChanged();
+    void snippetsChanged();
+    void notesTextChanged();
+    void isShowingAddNoteTextFieldChanged();
+    void addNoteTextFieldTextChanged();
+    void isShowingHistoryChanged();
+    void isShowingNotesChanged();
+    void isShowingSettingsChanged();
 
 private:
     void signalEndOfTimer();
@@ -155,6 +287,25 @@ private:
     void onStopwatchTick();
     void onTempoChanged();
     void reloadRecentPracticeSessions();
+
+    std::optional<ThumbsUpTool> thumbsUpTool();
+    std::optional<ThumbsDownTool> thumbsDownTool();
+    std::optional<RhythmsTool> rhythmsTool();
+    std::optional<TapTempoTool> tapTempoTool();
+    std::optional<TempoBookmarksTool> tempoBookmarksTool();
+    std::optional<QuickNoteTool> quickNoteTool();
+    TimerTool timerTool();
+    StopwatchTool stopwatchTool();
+    void setThumbsUpCount(qint64 count);
+    void setThumbsDownCount(qint64 count);
+    void setBookmarks(const QList<qint64>& bookmarks);
+    void addNote(const QString& text);
+    void reloadNoteCount();
+    // The one place where the item's settings change: stores them and hands them on.
+    void applySettings(ExerciseSettings settings);
+    // The item was renamed, here or elsewhere.
+    void followStoredName();
+    void connectTools();
 
     Singletons& m_singletons;
     const Platform m_platform;
@@ -170,6 +321,20 @@ private:
     SecondTicker m_timerTicker;
     SecondTicker m_stopwatchTicker;
     Observable::Subscription m_dailyLogSubscription;
+    Observable::Subscription m_itemsSubscription;
+    Observable::Subscription m_archivedItemsSubscription;
+    qint64 m_thumbsDownCount = 0;
+    qint64 m_thumbsUpCount = 0;
+    qsizetype m_noteCount = 0;
+    bool m_isShowingAddNoteTextField = false;
+    bool m_isShowingHistory = false;
+    bool m_isShowingNotes = false;
+    bool m_isShowingSettings = false;
+    NoteDrafts m_noteDrafts;
+    TimedNotice m_notice;
+    std::unique_ptr<ItemHistoryViewModel> m_itemHistory;
+    std::unique_ptr<NotesViewModel> m_notesViewModel;
+    std::unique_ptr<ExerciseSettingsViewModel> m_settingsViewModel;
 };
 
 } // namespace tamsel

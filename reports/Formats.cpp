@@ -58,6 +58,31 @@ std::unique_ptr<icu::MeasureFormat> measureFormat(UMeasureFormatWidth width) {
     return format;
 }
 
+// Dates written by one pattern, in the zone of the calendar that is asked for last.
+class DateText {
+public:
+    explicit DateText(const char16_t* pattern) {
+        UErrorCode status = U_ZERO_ERROR;
+        m_format =
+            std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString(pattern), icu::Locale::getDefault(), status);
+        require(status);
+    }
+
+    QString of(Date date, const Calendar& calendar) {
+        if (m_zone != calendar.zoneName()) {
+            m_zone = calendar.zoneName();
+            m_format->adoptTimeZone(icu::TimeZone::createTimeZone(toIcu(m_zone)));
+        }
+        icu::UnicodeString text;
+        m_format->format(date.unixSeconds() * millisecondsPerSecond, text);
+        return fromIcu(text);
+    }
+
+private:
+    std::unique_ptr<icu::SimpleDateFormat> m_format;
+    QString m_zone;
+};
+
 } // namespace
 
 QString formattedTimeInterval(double seconds) {
@@ -98,22 +123,14 @@ QString spokenDuration(qint64 seconds) {
                                {seconds % secondsPerMinute, icu::MeasureUnit::getSecond()}});
 }
 
+QString dayTitle(Date date, const Calendar& calendar) {
+    static DateText text(u"MM/dd/YY");
+    return text.of(date, calendar);
+}
+
 QString longDayTitle(Date date, const Calendar& calendar) {
-    static const auto format = [] {
-        UErrorCode status = U_ZERO_ERROR;
-        auto made = std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString(u"MMM dd YYYY"),
-                                                            icu::Locale::getDefault(), status);
-        require(status);
-        return made;
-    }();
-    static QString zone;
-    if (zone != calendar.zoneName()) {
-        zone = calendar.zoneName();
-        format->adoptTimeZone(icu::TimeZone::createTimeZone(toIcu(zone)));
-    }
-    icu::UnicodeString text;
-    format->format(date.unixSeconds() * millisecondsPerSecond, text);
-    return fromIcu(text);
+    static DateText text(u"MMM dd YYYY");
+    return text.of(date, calendar);
 }
 
 } // namespace tamsel

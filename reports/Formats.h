@@ -22,6 +22,9 @@ QString sessionDurationText(qint64 seconds);
 // How a session was timed: "Timer", "Stopwatch".
 QString sessionTypeText(SessionType type);
 
+// "03/14/24": the pattern "MM/dd/YY", whose year is deliberately the week-based one.
+QString dayTitle(Date date, const Calendar& calendar);
+
 // "Mar 14 2024" in English: the pattern "MMM dd YYYY", whose year is deliberately the week-based one.
 QString longDayTitle(Date date, const Calendar& calendar);
 
