@@ -385,7 +385,10 @@ TEST_F(StoresTest, SettingsThatCannotBeReadCountAsNoneAndAreKeptWhenReplaced) {
     EXPECT_EQ(storedSettings(store, scales.id), settings);
     store.setData(keys::settings(scales.id), "{}");
     EXPECT_FALSE(storedSettings(store, scales.id));
+    const test::LogCapture log;
     storeSettings(store, scales.id, settings);
+    storeSettings(store, scales.id, settings);
+    EXPECT_EQ(log.lines().size(), 1);
     EXPECT_EQ(storedSettings(store, scales.id), settings);
     EXPECT_EQ(stored(QStringLiteral("unreadable.") + keys::settings(scales.id)), QByteArray("{}"));
 }

@@ -7,6 +7,7 @@
 namespace tamsel::test {
 
 void ManualQueue::asyncAfter(std::chrono::nanoseconds delay, Work work) {
+    const std::scoped_lock lock(m_mutex);
     m_items.push_back({m_clock.hostTime() + delay, m_nextOrder++, std::move(work)});
 }
 
@@ -23,9 +24,16 @@ std::ptrdiff_t ManualQueue::earliest(std::chrono::nanoseconds time) const {
 }
 
 void ManualQueue::runDue() {
-    for (std::ptrdiff_t i = earliest(m_clock.hostTime()); i >= 0; i = earliest(m_clock.hostTime())) {
-        const Work work = std::move(m_items[static_cast<std::size_t>(i)].work);
-        m_items.erase(m_items.begin() + i);
+    while (true) {
+        Work work;
+        {
+            const std::scoped_lock lock(m_mutex);
+            const std::ptrdiff_t i = earliest(m_clock.hostTime());
+            if (i < 0)
+                return;
+            work = std::move(m_items[static_cast<std::size_t>(i)].work);
+            m_items.erase(m_items.begin() + i);
+        }
         work();
     }
 }
@@ -33,18 +41,30 @@ void ManualQueue::runDue() {
 void ManualQueue::advance(std::chrono::nanoseconds duration) {
     const std::chrono::nanoseconds end = m_clock.hostTime() + duration;
     runDue();
-    for (std::ptrdiff_t i = earliest(end); i >= 0; i = earliest(end)) {
-        const auto due = m_items[static_cast<std::size_t>(i)].due;
+    while (true) {
+        std::chrono::nanoseconds due = end;
+        {
+            const std::scoped_lock lock(m_mutex);
+            const std::ptrdiff_t i = earliest(end);
+            if (i < 0)
+                break;
+            due = m_items[static_cast<std::size_t>(i)].due;
+        }
         if (due > m_clock.hostTime())
-            m_clock.advance(due - m_clock.hostTime());
+            advanceClock(due - m_clock.hostTime());
         runDue();
     }
-    m_clock.advance(end - m_clock.hostTime());
+    advanceClock(end - m_clock.hostTime());
 }
 
 void ManualQueue::stall(std::chrono::nanoseconds duration) {
-    m_clock.advance(duration);
+    advanceClock(duration);
     runDue();
+}
+
+void ManualQueue::advanceClock(std::chrono::nanoseconds duration) {
+    const std::scoped_lock lock(m_mutex);
+    m_clock.advance(duration);
 }
 
 } // namespace tamsel::test

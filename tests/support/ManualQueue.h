@@ -4,11 +4,12 @@
 #include "tests/support/FakeClock.h"
 
 #include <cstdint>
+#include <mutex>
 #include <vector>
 
 namespace tamsel::test {
 
-// A queue that runs nothing until the test says so, in a fake clock's time.
+// A queue that runs nothing until the test says so, in a fake clock's time. Adding work: any thread.
 class ManualQueue final : public Queue {
 public:
     explicit ManualQueue(FakeClock& clock) : m_clock(clock) {}
@@ -25,7 +26,10 @@ public:
     // Lets the clock pass first and runs what became due after: a main loop that was stalled.
     void stall(std::chrono::nanoseconds duration);
 
-    bool empty() const { return m_items.empty(); }
+    bool empty() const {
+        const std::scoped_lock lock(m_mutex);
+        return m_items.empty();
+    }
 
 private:
     struct Item {
@@ -34,9 +38,11 @@ private:
         Work work;
     };
 
-    // Index of the earliest item due at or before `time`; -1 when there is none.
+    void advanceClock(std::chrono::nanoseconds duration);
+    // With the mutex held. Index of the earliest item due at or before `time`; -1 when there is none.
     std::ptrdiff_t earliest(std::chrono::nanoseconds time) const;
 
+    mutable std::mutex m_mutex;
     FakeClock& m_clock;
     std::vector<Item> m_items;
     std::uint64_t m_nextOrder = 0;
