@@ -1,3 +1,4 @@
+#include "model/StoredSettings.h"
 #include "tests/support/LogCapture.h"
 #include "tests/ui/UiWorld.h"
 
@@ -201,10 +202,11 @@ TEST_F(ScreensTest, EveryControlOfTheMetronomeIsWired) {
 }
 
 TEST_F(ScreensTest, TheUpAndDownButtonsLeadToTheBookmarks) {
-    openPractice();
+    ui.addExercises({QStringLiteral("C Major Scales")});
     ExerciseSettings settings;
     settings.bookmarks = {60, 90};
-    metronome().setExerciseSettings(settings);
+    storeSettings(ui.world.store, ui.world.singletons->exercises.items().first().id, settings);
+    ui.open();
     metronome().setTempo(70);
     ui.click(QStringLiteral("up button"));
     EXPECT_EQ(metronome().tempo(), 90);
