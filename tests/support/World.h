@@ -6,6 +6,7 @@
 #include "platform/Platform.h"
 #include "tests/metronome/FakeAudioSession.h"
 #include "tests/support/FakeClock.h"
+#include "tests/support/FakeShakeSource.h"
 #include "tests/support/ManualQueue.h"
 #include "tests/support/SequentialUuids.h"
 
@@ -27,7 +28,8 @@ public:
     Calendar calendar{QStringLiteral("UTC")};
     ManualQueue mainQueue{clock};
     SequentialUuids uuids;
-    Platform platform{clock, calendar, mainQueue, uuids};
+    FakeShakeSource shakes;
+    Platform platform{clock, calendar, mainQueue, uuids, {}, &shakes};
     MemorySettingsStore store;
     OfflineOutput output;
     FakeAudioSession session;
