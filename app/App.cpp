@@ -32,9 +32,9 @@ void configureAudioSession(AudioSession& session) {
 } // namespace
 
 App::App(SettingsStore& settingsStore, const Platform& platform, AudioOutput& audioOutput, AudioSession& audioSession,
-         int acceleration)
+         int acceleration, TipProvider* tipProvider)
     : m_singletons(settingsStore, platform, audioOutput, audioSession),
-      m_coordinator(m_singletons, platform, acceleration) {
+      m_coordinator(m_singletons, platform, acceleration, tipProvider) {
     configureAudioSession(audioSession);
     m_content.emplace(m_singletons, platform, m_coordinator);
 }

@@ -17,9 +17,10 @@ namespace tamsel {
 class App {
 public:
     // `acceleration` is 1 in normal use: how many seconds of practice pass in one. An audio session that cannot be set
-    // up is logged, and the program goes on. Everything handed in must outlive the app.
+    // up is logged, and the program goes on. `tipProvider` is null where no store could take a tip. Everything handed
+    // in must outlive the app.
     App(SettingsStore& settingsStore, const Platform& platform, AudioOutput& audioOutput, AudioSession& audioSession,
-        int acceleration);
+        int acceleration, TipProvider* tipProvider = nullptr);
 
     App(const App&) = delete;
     App& operator=(const App&) = delete;

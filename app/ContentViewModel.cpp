@@ -2,6 +2,8 @@
 
 #include "platform/Log.h"
 
+#include <QDir>
+
 #include <chrono>
 
 namespace tamsel {
@@ -42,8 +44,24 @@ void ContentViewModel::scheduleRetry() {
     });
 }
 
+void ContentViewModel::open(const QString& request) {
+    if (QDir::isAbsolutePath(request)) {
+        openDocument(request);
+        return;
+    }
+    const QUrl url(request);
+    handleLaunchURL(url);
+    // This is how a desktop may hand over a file.
+    if (url.isLocalFile())
+        openDocument(url.toLocalFile());
+}
+
 void ContentViewModel::handleLaunchURL(const QUrl& url) {
     log(QStringLiteral("launching app, unhandled url: ") + url.toString(QUrl::FullyEncoded));
+}
+
+void ContentViewModel::openDocument(const QString& path) {
+    log(QStringLiteral("Documents cannot be opened yet: ") + path);
 }
 
 void ContentViewModel::leave() {

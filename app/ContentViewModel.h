@@ -32,8 +32,12 @@ public:
     // While a change is not on disk yet: the sentence to show. It is tried again until it is.
     QString storageWarning() const;
 
+    // What the program was asked to open, as launchRequests() gives it: a URL or the absolute path of a document.
+    void open(const QString& request);
     // The program was opened with a URL. None is acted upon.
     void handleLaunchURL(const QUrl& url);
+    // Documents cannot be opened yet; says so on the console.
+    void openDocument(const QString& path);
 
     // The window closes or the system ends the program: what runs is saved. Allowed more than once.
     Q_INVOKABLE void leave();

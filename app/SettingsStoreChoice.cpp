@@ -9,12 +9,8 @@
 
 namespace tamsel {
 
-bool isUnderInterfaceTest(const QStringList& arguments) {
-    return arguments.contains(QStringLiteral("UI_TESTING"));
-}
-
-SettingsStoreChoice chooseSettingsStore(const QStringList& arguments, const Clock& clock) {
-    if (!isUnderInterfaceTest(arguments))
+SettingsStoreChoice chooseSettingsStore(const LaunchConditions& launch, const Clock& clock) {
+    if (!launch.isUnderInterfaceTest)
         return {standardDataFolder(), QStringLiteral("standard"), false};
     QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/tamsel-XXXXXX"));
     if (!folder.isValid())

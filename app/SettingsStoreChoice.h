@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/Clock.h"
+#include "platform/LaunchConditions.h"
 
 #include <QString>
-#include <QStringList>
 
 namespace tamsel {
 
@@ -14,12 +14,9 @@ struct SettingsStoreChoice {
     bool isTest = false;
 };
 
-// The argument by which automated tests ask for empty data and no review prompts.
-bool isUnderInterfaceTest(const QStringList& arguments);
-
 // The standard suite in the application's data folder; under test a fresh suite, named after the moment, in a temporary
 // folder of its own. A folder that cannot be made stops the program.
-SettingsStoreChoice chooseSettingsStore(const QStringList& arguments, const Clock& clock);
+SettingsStoreChoice chooseSettingsStore(const LaunchConditions& launch, const Clock& clock);
 
 // $XDG_DATA_HOME/tamsel, by default ~/.local/share/tamsel.
 QString standardDataFolder();

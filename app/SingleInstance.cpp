@@ -30,13 +30,13 @@ SingleInstance::SingleInstance(const QString& folder, Knock onKnock) : m_onKnock
     m_server.listen(socketPath(folder));
 }
 
-bool SingleInstance::knock(const QString& folder, const QStringList& urls) {
+bool SingleInstance::knock(const QString& folder, const QStringList& requests) {
     QLocalSocket socket;
     socket.connectToServer(socketPath(folder));
     if (!socket.waitForConnected(patienceMilliseconds))
         return false;
     QDataStream stream(&socket);
-    stream << urls;
+    stream << requests;
     // One byte back says that the message has been understood.
     return socket.waitForBytesWritten(patienceMilliseconds) && socket.waitForReadyRead(patienceMilliseconds);
 }
@@ -46,12 +46,12 @@ void SingleInstance::answer() {
     QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
     QObject::connect(socket, &QLocalSocket::readyRead, socket, [this, socket] {
         QDataStream stream(socket);
-        QStringList urls;
+        QStringList requests;
         stream.startTransaction();
-        stream >> urls;
+        stream >> requests;
         if (!stream.commitTransaction())
             return;
-        m_onKnock(urls);
+        m_onKnock(requests);
         socket->write("1", 1);
     });
 }

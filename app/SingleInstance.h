@@ -8,12 +8,12 @@
 
 namespace tamsel {
 
-// The door at which a second start of the app knocks: the first one raises its window and takes over the URLs.
-// Main thread only.
+// The door at which a second start of the app knocks: the first one raises its window and takes over what the second
+// was asked to open. Main thread only.
 class SingleInstance {
 public:
-    // Called with the second start's URLs, which may be none.
-    using Knock = std::function<void(const QStringList& urls)>;
+    // Called with what the second start was asked to open, which may be nothing.
+    using Knock = std::function<void(const QStringList& requests)>;
 
     // Opens the door of the given data folder, whose lock the caller must hold.
     SingleInstance(const QString& folder, Knock onKnock);
@@ -22,7 +22,7 @@ public:
     SingleInstance& operator=(const SingleInstance&) = delete;
 
     // Knocks at the door of whoever holds the folder's lock. False when nobody answers within a second.
-    static bool knock(const QString& folder, const QStringList& urls);
+    static bool knock(const QString& folder, const QStringList& requests);
 
 private:
     void answer();

@@ -1,4 +1,5 @@
 #include "app/App.h"
+#include "app/LaunchRequests.h"
 #include "app/SettingsStoreChoice.h"
 #include "app/SingleInstance.h"
 #include "app/Tour.h"
@@ -6,10 +7,12 @@
 #include "metronome/DeviceOutput.h"
 #include "metronome/SystemAudioSession.h"
 #include "model/SqliteSettingsStore.h"
+#include "platform/AccelerometerShakeSource.h"
 #include "platform/FatalError.h"
 #include "platform/FolderLock.h"
 #include "platform/Log.h"
 #include "platform/MainQueue.h"
+#include "platform/SerialQueue.h"
 #include "platform/TerminationSignals.h"
 #include "ui/Appearance.h"
 #include "ui/Ui.h"
@@ -48,7 +51,7 @@ struct LaunchOptions {
     std::optional<QString> tourFolder;
     QString tourStage;
     bool firstFrameOnly = false;
-    QStringList urls;
+    QStringList requests;
 };
 
 LaunchOptions parse(const QGuiApplication& application) {
@@ -67,7 +70,8 @@ LaunchOptions parse(const QGuiApplication& application) {
     QCommandLineOption firstFrame(QStringLiteral("first-frame-only"));
     firstFrame.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions({accelerated, tour, stage, firstFrame});
-    parser.addPositionalArgument(QStringLiteral("url"), QStringLiteral("What to open."), QStringLiteral("[url…]"));
+    parser.addPositionalArgument(QStringLiteral("what"), QStringLiteral("A document or a URL to open."),
+                                 QStringLiteral("[what…]"));
     parser.process(application);
 
     LaunchOptions options;
@@ -76,8 +80,9 @@ LaunchOptions parse(const QGuiApplication& application) {
         options.tourFolder = parser.value(tour);
     options.tourStage = parser.value(stage);
     options.firstFrameOnly = parser.isSet(firstFrame);
-    options.urls = parser.positionalArguments();
-    options.urls.removeAll(QStringLiteral("UI_TESTING"));
+    QStringList arguments = parser.positionalArguments();
+    arguments.removeAll(QStringLiteral("UI_TESTING"));
+    options.requests = launchRequests(arguments, QDir::current());
     return options;
 }
 
@@ -87,10 +92,37 @@ void raise(QQuickWindow& window) {
     window.requestActivate();
 }
 
-void open(ContentViewModel& content, const QStringList& urls) {
-    for (const QString& url : urls)
-        content.handleLaunchURL(QUrl(url));
+void open(ContentViewModel& content, const QStringList& requests) {
+    for (const QString& request : requests)
+        content.open(request);
 }
+
+// Shakes of the device, where it has something to feel them; only then is there a thread.
+class Shakes {
+public:
+    Shakes(QGuiApplication& application, const Clock& clock, Queue& mainQueue) {
+        const std::optional<QString> folder = AccelerometerShakeSource::find();
+        if (!folder)
+            return;
+        m_queue.emplace("Shake");
+        m_source.emplace(*folder, clock, *m_queue, mainQueue);
+        const auto follow = [this](Qt::ApplicationState state) { m_source->setActive(state == Qt::ApplicationActive); };
+        m_connection = QObject::connect(&application, &QGuiApplication::applicationStateChanged, follow);
+        follow(QGuiApplication::applicationState());
+    }
+    ~Shakes() { QObject::disconnect(m_connection); }
+
+    Shakes(const Shakes&) = delete;
+    Shakes& operator=(const Shakes&) = delete;
+
+    ShakeSource* source() { return m_source ? &*m_source : nullptr; }
+
+private:
+    std::optional<AccelerometerShakeSource> m_source;
+    // Ends first: what is being read still has the source.
+    std::optional<SerialQueue> m_queue;
+    QMetaObject::Connection m_connection;
+};
 
 // For measuring the start: tells the moment on the monotonic clock and ends.
 void quitAfterFirstFrame(QQuickWindow& window, const Clock& clock) {
@@ -107,25 +139,27 @@ int run(QGuiApplication& application) {
     Calendar calendar = Calendar::device();
     RandomUuids uuids;
     MainQueue mainQueue;
-    const Platform platform{clock, calendar, mainQueue, uuids};
+    Shakes shakes(application, clock, mainQueue);
+    const LaunchConditions launch = LaunchConditions::from(application.arguments());
+    const Platform platform{clock, calendar, mainQueue, uuids, launch, shakes.source()};
 
     const SettingsStoreChoice choice =
         options.tourFolder
             ? SettingsStoreChoice{*options.tourFolder + QStringLiteral("/data"), QStringLiteral("tour"), true}
-            : chooseSettingsStore(application.arguments(), clock);
+            : chooseSettingsStore(launch, clock);
     if (!QDir().mkpath(choice.folder))
         return refuse(QStringLiteral("Cannot make the folder %1").arg(choice.folder));
     FolderLock::Failure lockFailure{};
     const auto lock = FolderLock::take(choice.folder, &lockFailure);
     if (!lock && lockFailure == FolderLock::Failure::HeldByAnother) {
-        if (SingleInstance::knock(choice.folder, options.urls))
+        if (SingleInstance::knock(choice.folder, options.requests))
             return 0;
         return refuse(QStringLiteral("Another program is using the data in %1").arg(choice.folder));
     }
     if (!lock)
         return refuse(QStringLiteral("Cannot write to the folder %1").arg(choice.folder));
     const auto opened = SqliteSettingsStore::open(choice.folder, choice.suite);
-    if (!opened.store && isUnderInterfaceTest(application.arguments()))
+    if (!opened.store && launch.isUnderInterfaceTest)
         trap();
     if (!opened.store)
         return refuse(opened.failure);
@@ -150,13 +184,13 @@ int run(QGuiApplication& application) {
     if (window == nullptr)
         return refuse(QStringLiteral("The window cannot be made"));
 
-    const SingleInstance door(choice.folder, [&](const QStringList& urls) {
+    const SingleInstance door(choice.folder, [&](const QStringList& requests) {
         raise(*window);
-        open(app.content(), urls);
+        open(app.content(), requests);
     });
     const TerminationSignals signals([] { QGuiApplication::quit(); });
     QObject::connect(&application, &QGuiApplication::aboutToQuit, &app.content(), &ContentViewModel::leave);
-    open(app.content(), options.urls);
+    open(app.content(), options.requests);
 
     if (options.firstFrameOnly)
         quitAfterFirstFrame(*window, clock);

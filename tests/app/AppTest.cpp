@@ -1,7 +1,11 @@
 #include "app/App.h"
 
+#include "app/LaunchRequests.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/World.h"
+
+#include <QFile>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -70,6 +74,37 @@ TEST_F(AppTest, ALaunchUrlIsLoggedAndNothingElse) {
     app.content().handleLaunchURL(QUrl(QStringLiteral("tamsel://open?item=%C3%89tude")));
     EXPECT_EQ(log.lines(), QStringList(QStringLiteral("launching app, unhandled url: tamsel://open?item=%C3%89tude")));
     EXPECT_EQ(world.store.dictionaryRepresentation(), before);
+    EXPECT_EQ(app.content().tabViewModel()->selectedTabIndex(), 0);
+}
+
+TEST_F(AppTest, AFileIsTakenOverAndAnyOtherRequestIsAUrl) {
+    world.singletons.reset();
+    App app(world.store, world.platform, world.output, world.session, 1);
+    const QTemporaryDir folder;
+    const QString oddName = folder.filePath(QStringLiteral("take:2.tamsel"));
+    ASSERT_TRUE(QFile(oddName).open(QIODevice::WriteOnly));
+    struct Case {
+        QString argument;
+        QStringList lines;
+    };
+    const QString document = QStringLiteral("Documents cannot be opened yet: ");
+    const QString url = QStringLiteral("launching app, unhandled url: ");
+    for (const Case& one : {
+             Case{QStringLiteral("journal.tamsel"), {document + folder.filePath(QStringLiteral("journal.tamsel"))}},
+             Case{QStringLiteral("./a/../b c"), {document + folder.filePath(QStringLiteral("b c"))}},
+             Case{QStringLiteral("/somewhere/é"), {document + QStringLiteral("/somewhere/é")}},
+             Case{QStringLiteral("take:2.tamsel"), {document + oddName}},
+             Case{QStringLiteral("take:3.tamsel"), {url + QStringLiteral("take:3.tamsel")}},
+             Case{QStringLiteral("https://example.org/x"), {url + QStringLiteral("https://example.org/x")}},
+             Case{QStringLiteral("file:///a%20b"),
+                  {url + QStringLiteral("file:///a%20b"), document + QStringLiteral("/a b")}},
+             Case{QString(), {}},
+         }) {
+        const test::LogCapture log;
+        for (const QString& request : launchRequests({one.argument}, QDir(folder.path())))
+            app.content().open(request);
+        EXPECT_EQ(log.lines(), one.lines) << one.argument.toStdString();
+    }
     EXPECT_EQ(app.content().tabViewModel()->selectedTabIndex(), 0);
 }
 

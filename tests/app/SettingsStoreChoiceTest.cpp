@@ -14,7 +14,8 @@ TEST(SettingsStoreChoice, TheStandardSuiteLiesInTheDataFolder) {
     const QTemporaryDir data;
     qputenv("XDG_DATA_HOME", data.path().toUtf8());
     const test::FakeClock clock;
-    const auto choice = chooseSettingsStore({QStringLiteral("tamsel"), QStringLiteral("ui_testing")}, clock);
+    const auto choice =
+        chooseSettingsStore(LaunchConditions::from({QStringLiteral("tamsel"), QStringLiteral("ui_testing")}), clock);
     EXPECT_FALSE(choice.isTest);
     EXPECT_EQ(choice.folder, data.path() + QStringLiteral("/tamsel"));
     EXPECT_EQ(choice.suite, QStringLiteral("standard"));
@@ -23,9 +24,9 @@ TEST(SettingsStoreChoice, TheStandardSuiteLiesInTheDataFolder) {
 
 TEST(SettingsStoreChoice, EachTestLaunchGetsAFreshSuite) {
     test::FakeClock clock(Date::fromUnixSeconds(1731700000.125));
-    const QStringList arguments = {QStringLiteral("tamsel"), QStringLiteral("UI_TESTING")};
-    const auto first = chooseSettingsStore(arguments, clock);
-    const auto second = chooseSettingsStore(arguments, clock);
+    const auto launch = LaunchConditions::from({QStringLiteral("tamsel"), QStringLiteral("UI_TESTING")});
+    const auto first = chooseSettingsStore(launch, clock);
+    const auto second = chooseSettingsStore(launch, clock);
     EXPECT_TRUE(first.isTest);
     EXPECT_EQ(first.suite, QStringLiteral("UITests_1731700000.125"));
     EXPECT_NE(first.folder, second.folder) << "even at the same moment";
