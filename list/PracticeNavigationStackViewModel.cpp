@@ -26,23 +26,24 @@ PracticeNavigationStackViewModel::PracticeNavigationStackViewModel(Singletons& s
         push(*m_practiceViewToShowOnAppLaunch);
 }
 
-void PracticeNavigationStackViewModel::push(const destinations::FromPracticeList& destination) {
-    leave();
-    m_leftPracticeViewModel = std::exchange(m_practiceViewModel, m_coordinator.screen(destination));
-    Q_EMIT practiceViewModelChanged();
+PracticeViewModel* PracticeNavigationStackViewModel::practiceViewModel() const {
+    return depth() == 0 ? nullptr : qobject_cast<PracticeViewModel*>(screenModel(0));
 }
 
-void PracticeNavigationStackViewModel::pop() {
-    if (!m_practiceViewModel)
-        return;
+void PracticeNavigationStackViewModel::push(const destinations::FromPracticeList& destination) {
+    // Before the next screen is made: it takes charge of the metronome.
     leave();
-    m_leftPracticeViewModel = std::move(m_practiceViewModel);
-    Q_EMIT practiceViewModelChanged();
+    replaceAll(m_coordinator.screen(destination));
 }
 
 void PracticeNavigationStackViewModel::leave() {
-    if (m_practiceViewModel)
-        m_practiceViewModel->leave();
+    if (practiceViewModel() != nullptr)
+        practiceViewModel()->leave();
+}
+
+void PracticeNavigationStackViewModel::leaving(QObject& screenModel) {
+    if (auto* const practice = qobject_cast<PracticeViewModel*>(&screenModel))
+        practice->leave();
 }
 
 } // namespace tamsel

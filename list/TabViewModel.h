@@ -2,8 +2,10 @@
 
 #include "app/Singletons.h"
 #include "list/Coordinator.h"
+#include "list/NavigationStackViewModel.h"
 #include "list/PracticeNavigationStackViewModel.h"
 #include "list/TabItem.h"
+#include "list/ThanksViewModel.h"
 #include "platform/Platform.h"
 
 #include <QObject>
@@ -26,6 +28,8 @@ class TabViewModel final : public QObject {
     Q_PROPERTY(tamsel::TabItem thanksTabItem READ thanksTabItem NOTIFY showUnreadVariantOfThanksTabItemChanged FINAL)
     Q_PROPERTY(
         tamsel::PracticeNavigationStackViewModel* practiceNavigationStack READ practiceNavigationStack CONSTANT FINAL)
+    Q_PROPERTY(tamsel::NavigationStackViewModel* historyNavigationStack READ historyNavigationStack CONSTANT FINAL)
+    Q_PROPERTY(tamsel::ThanksViewModel* thanksViewModel READ thanksViewModel CONSTANT FINAL)
 
 public:
     static constexpr int practiceTabIndex = 0;
@@ -47,6 +51,8 @@ public:
     TabItem historyTabItem() const;
     TabItem thanksTabItem() const;
     PracticeNavigationStackViewModel* practiceNavigationStack() { return &m_practiceNavigationStack; }
+    NavigationStackViewModel* historyNavigationStack() { return &m_historyNavigationStack; }
+    ThanksViewModel* thanksViewModel() { return &m_thanksViewModel; }
 
 Q_SIGNALS:
     void selectedTabIndexChanged();
@@ -58,6 +64,8 @@ private:
     Singletons& m_singletons;
     int m_selectedTabIndex = practiceTabIndex;
     PracticeNavigationStackViewModel m_practiceNavigationStack;
+    NavigationStackViewModel m_historyNavigationStack;
+    ThanksViewModel m_thanksViewModel;
     bool m_showUnreadVariantOfThanksTabItem;
 };
 

@@ -1,7 +1,11 @@
+#include "list/DeviceShakeViewModifier.h"
 #include "list/PracticeNavigationStackViewModel.h"
 #include "list/TabViewModel.h"
 #include "model/SettingsKeys.h"
 #include "tests/support/World.h"
+
+#include <QPointer>
+#include <QSet>
 
 #include <gtest/gtest.h>
 
@@ -27,6 +31,106 @@ TEST_F(NavigationTest, OneItemAtLaunchOpensAtOnce) {
         EXPECT_EQ(stack.practiceViewToShowOnAppLaunch().has_value(), count == 1) << count;
         EXPECT_EQ(stack.practiceViewModel() != nullptr, count == 1) << count;
     }
+}
+
+TEST_F(NavigationTest, DestinationsAreToldApartByEveryField) {
+    const PracticeSession session{Date{100}, a, 60, SessionType::timer};
+    const auto with = [&](auto change) {
+        PracticeSession other = session;
+        change(other);
+        return destinations::FromPracticeList{a, other};
+    };
+    const QList<destinations::FromPracticeList> all = {
+        {a, std::nullopt},
+        {b, std::nullopt},
+        {{a.name, b.id}, std::nullopt},
+        {{b.name, a.id}, std::nullopt},
+        {a, session},
+        {b, session},
+        with([](PracticeSession& other) { other.date = Date{101}; }),
+        with([&](PracticeSession& other) { other.exercise.name = b.name; }),
+        with([&](PracticeSession& other) { other.exercise.id = b.id; }),
+        with([](PracticeSession& other) { other.seconds = 61; }),
+        with([](PracticeSession& other) { other.type = SessionType::stopwatch; }),
+    };
+    for (qsizetype i = 0; i < all.size(); ++i) {
+        for (qsizetype j = 0; j < all.size(); ++j) {
+            EXPECT_EQ(all.at(i) == all.at(j), i == j) << i << ' ' << j;
+            EXPECT_EQ(qHash(all.at(i)) == qHash(all.at(j)), i == j) << i << ' ' << j;
+        }
+    }
+    const QSet<destinations::FromPracticeView> fromPractice = {
+        destinations::FromPracticeView::history(a), destinations::FromPracticeView::notes(a),
+        destinations::FromPracticeView::notes(b), destinations::FromPracticeView::notes(a)};
+    EXPECT_EQ(fromPractice.size(), 3);
+}
+
+TEST_F(NavigationTest, AStackKeepsWhatLiesBelow) {
+    NavigationStackViewModel stack;
+    QStringList changes;
+    QObject::connect(&stack, &NavigationStackViewModel::topChanged,
+                     [&] { changes += QStringLiteral("top at %1").arg(stack.depth()); });
+    QObject::connect(&stack, &NavigationStackViewModel::rowsInserted,
+                     [&](const QModelIndex&, int row) { changes += QStringLiteral("+%1").arg(row); });
+    QObject::connect(&stack, &NavigationStackViewModel::rowsRemoved,
+                     [&](const QModelIndex&, int row) { changes += QStringLiteral("-%1").arg(row); });
+    const auto screen = [](const QString& file) {
+        return StackedScreen{file, QStringLiteral("model"), std::make_unique<QObject>()};
+    };
+    stack.pop();
+    EXPECT_EQ(changes, QStringList());
+    stack.push(screen(QStringLiteral("A")));
+    stack.push(screen(QStringLiteral("B")));
+    const QPointer<QObject> below = stack.screenModel(0);
+    const QPointer<QObject> top = stack.screenModel(1);
+    EXPECT_EQ(stack.index(1).data(NavigationStackViewModel::FileRole), QStringLiteral("B"));
+    EXPECT_EQ(stack.index(1).data(NavigationStackViewModel::ScreenModelRole).value<QObject*>(), top);
+    stack.pop();
+    EXPECT_EQ(stack.screenModel(0), below);
+    EXPECT_TRUE(top) << "the window may still be drawing it";
+    stack.replaceAll(screen(QStringLiteral("C")));
+    EXPECT_FALSE(top);
+    EXPECT_TRUE(below);
+    EXPECT_EQ(stack.index(0).data(NavigationStackViewModel::FileRole), QStringLiteral("C"));
+    EXPECT_EQ(changes.join(QLatin1Char(' ')).toStdString(), "+0 top at 1 +1 top at 2 -1 top at 1 +1 -0 top at 1")
+        << "the tab's first screen was never uncovered";
+}
+
+TEST_F(NavigationTest, APracticeGoesOnBehindTheOtherTabs) {
+    singletons().exercises.setItems({a});
+    TabViewModel tabs(singletons(), world.platform, coordinator);
+    PracticeViewModel* const practice = tabs.practiceNavigationStack()->practiceViewModel();
+    practice->startTimer(5);
+    practice->metronomeViewModel()->setIsPlaying(true);
+    for (const int tab : {1, 2, 0}) {
+        tabs.setSelectedTabIndex(tab);
+        world.mainQueue.advance(20s);
+    }
+    EXPECT_EQ(tabs.practiceNavigationStack()->practiceViewModel(), practice);
+    EXPECT_EQ(practice->timerSecondsRemaining(), 240);
+    EXPECT_TRUE(practice->timerIsRunning());
+    EXPECT_TRUE(practice->metronomeViewModel()->isPlaying());
+    EXPECT_TRUE(singletons().dailyLog.practiceSessions().isEmpty()) << "nothing was ended";
+}
+
+TEST_F(NavigationTest, AShakeCallsTheActionOnceOnTheMainQueue) {
+    int calls = 0;
+    std::optional<DeviceShakeViewModifier> modifier(std::in_place, &world.shakes, world.mainQueue, [&] { ++calls; });
+    const DeviceShakeViewModifier nowhere(nullptr, world.mainQueue, [&] { ++calls; });
+    world.shakes.shake();
+    EXPECT_EQ(calls, 0) << "on a turn of its own";
+    world.mainQueue.runDue();
+    EXPECT_EQ(calls, 1);
+    world.shakes.shake();
+    world.shakes.shake();
+    world.mainQueue.runDue();
+    EXPECT_EQ(calls, 3);
+    world.shakes.shake();
+    modifier.reset();
+    world.mainQueue.runDue();
+    world.shakes.shake();
+    world.mainQueue.runDue();
+    EXPECT_EQ(calls, 3);
 }
 
 TEST_F(NavigationTest, GoingBackOrOnSavesWhatRuns) {

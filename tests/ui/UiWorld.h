@@ -47,6 +47,8 @@ public:
     void type(const QString& text);
 
     World world;
+    // Set it before `open`; without one no tips can be taken.
+    TipProvider* tipProvider = nullptr;
 
 private:
     std::unique_ptr<App> m_app;

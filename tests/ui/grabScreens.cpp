@@ -1,5 +1,6 @@
 #include "model/SettingsKeys.h"
 #include "model/StoredSettings.h"
+#include "tests/ui/Album.h"
 #include "tests/ui/UiWorld.h"
 
 #include <QDir>
@@ -13,23 +14,6 @@ namespace tamsel::test {
 namespace {
 
 using namespace std::chrono_literals;
-
-class Album {
-public:
-    explicit Album(QString folder) : m_folder(std::move(folder)) {}
-
-    void take(UiWorld& ui, const QString& name) {
-        for (const bool dark : {false, true}) {
-            ui.appearance().setScheme(dark ? Appearance::Scheme::Dark : Appearance::Scheme::Light);
-            const QString path = QStringLiteral("%1/%2-%3.png")
-                                     .arg(m_folder, name, dark ? QStringLiteral("dark") : QStringLiteral("light"));
-            ui.grab().save(path);
-        }
-    }
-
-private:
-    const QString m_folder;
-};
 
 void fill(UiWorld& ui) {
     ui.addExercises({QStringLiteral("Arpeggios"), QStringLiteral("Étude 9"), QStringLiteral("Étude 10"),

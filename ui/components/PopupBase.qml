@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 import Tamsel.Ui
 
 // What dialogs and sheets have in common: they lie over the darkened window and keep the keyboard to themselves. They
-// are to be seen while `shown` is true. `dismissed` comes when Escape or a press outside has closed one; its owner then
+// are to be seen while `shown` is true. `dismissed` comes when a key that leads back or a press outside has closed one; its owner then
 // takes `shown` back.
 T.Popup {
     id: popup
@@ -38,6 +38,13 @@ T.Popup {
             focusBefore.forceActiveFocus(Qt.PopupFocusReason);
         if (shown)
             dismissed();
+    }
+
+    // Escape is seen to by the template; the other keys that lead back are not.
+    Shortcut {
+        enabled: popup.opened
+        sequences: ["Back", "Alt+Left"]
+        onActivated: popup.close()
     }
 
     T.Overlay.modal: Rectangle {

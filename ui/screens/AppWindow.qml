@@ -14,8 +14,8 @@ Window {
     readonly property int tab: tabs.selectedTabIndex
     // In a low or very wide window the tabs stand beside the screen and leave it the height.
     readonly property bool rail: width > height && (height < 560 || width >= 1000)
-    // An opened practice screen has the window to itself.
-    readonly property bool tabsShown: tab !== 0 || navigation.practiceViewModel === null
+    // An opened practice screen has the window to itself, unless that is wide enough for both.
+    readonly property bool tabsShown: tab !== 0 || navigation.depth === 0 || (rail && width >= 1000)
     readonly property int railWidth: rail && tabsShown ? tabBar.implicitWidth : 0
     readonly property int footHeight: !rail && tabsShown ? tabBar.implicitHeight : 0
 
@@ -30,18 +30,12 @@ Window {
     LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
 
-    onTabChanged: showTab()
-    Component.onCompleted: showTab()
-    onClosing: content.leave()
-
-    function showTab() {
-        if (tab === 0)
-            practice.takeFocus();
-        else if (tab === 1)
-            history.forceActiveFocus(Qt.OtherFocusReason);
-        else
+    // The other tabs' stacks take it by themselves when they are shown.
+    onTabChanged: {
+        if (tab === 2)
             thanks.forceActiveFocus(Qt.OtherFocusReason);
     }
+    onClosing: content.leave()
 
     Binding {
         target: Appearance
@@ -86,35 +80,38 @@ Window {
         width: parent.width - window.railWidth
         height: parent.height - y - window.footHeight
 
-        PracticeStack {
+        ScreenStack {
             id: practice
 
             anchors.fill: parent
             visible: window.tab === 0
             navigation: window.navigation
+            firstFile: "PracticeListScreen.qml"
+            firstGiven: ({"list": window.navigation.practiceList, "focus": true})
         }
 
-        Loader {
+        ScreenStack {
             id: history
 
             anchors.fill: parent
             visible: window.tab === 1
-            active: visible || item !== null
-            source: "HistoryScreen.qml"
+            navigation: window.tabs.historyNavigationStack
+            firstFile: "HistoryScreen.qml"
         }
 
-        Loader {
+        OnDemand {
             id: thanks
 
             anchors.fill: parent
             visible: window.tab === 2
-            active: visible || item !== null
-            source: "ThanksScreen.qml"
+            wanted: visible
+            file: Qt.resolvedUrl("ThanksScreen.qml")
+            given: ({"thanks": window.tabs.thanksViewModel})
         }
     }
 
     Connections {
-        target: history.item
+        target: history.firstScreen
         // Naming the screen's type would load it at the start.
         ignoreUnknownSignals: true
 

@@ -31,8 +31,6 @@ FocusScope {
             metronome.plusLongPressed();
         else if (event.key === Qt.Key_PageDown)
             metronome.minusLongPressed();
-        else if (event.key === Qt.Key_Escape || event.key === Qt.Key_Back || event.matches(StandardKey.Back))
-            screen.leaveRequested();
         else
             event.accepted = false;
     }

@@ -79,6 +79,8 @@ QtObject {
     // From this width on, a screen has room for two columns.
     readonly property int twoColumnWidth: 700
     readonly property int dialogWidth: 340
+    // How far a finger pulls from the edge to go back.
+    readonly property int backSwipeDistance: 72
 
     // Type, before the system's text size is applied
     readonly property string fontFamily: "Inter"
