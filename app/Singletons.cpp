@@ -7,8 +7,8 @@ namespace tamsel {
 Singletons::Singletons(SettingsStore& settingsStore, const Platform& platform, AudioOutput& audioOutput,
                        AudioSession& audioSession)
     : dailyLog(settingsStore, platform.clock, platform.calendar), exercises(settingsStore, platform.uuids),
-      history(dailyLog, settingsStore, platform.mainQueue, platform.uuids), metronome(audioOutput, audioSession),
-      notes(settingsStore), userDefaults(settingsStore) {
+      history(dailyLog, settingsStore, platform.clock, platform.calendar, platform.mainQueue, platform.uuids),
+      metronome(audioOutput, audioSession), notes(settingsStore), userDefaults(settingsStore) {
     migrateLegacySettings(settingsStore, exercises.items() + exercises.archivedItems());
 }
 

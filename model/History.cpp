@@ -1,11 +1,15 @@
 #include "model/History.h"
 
+#include "model/EventCutoff.h"
+#include "model/EventGroups.h"
 #include "model/Json.h"
 #include "model/SettingsKeys.h"
 #include "model/StoredDocument.h"
 #include "platform/FatalError.h"
 #include "platform/Log.h"
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace tamsel {
@@ -26,9 +30,10 @@ QList<HistoryEvent> renamed(QList<HistoryEvent> events, qsizetype first, const Q
 
 } // namespace
 
-History::History(DailyLog& dailyLog, SettingsStore& userDefaults, Queue& mainQueue, UuidSource& uuids, WorkQueue queue)
-    : m_dailyLog(dailyLog), m_userDefaults(userDefaults), m_mainQueue(mainQueue), m_uuids(uuids),
-      m_queue(std::move(queue)) {
+History::History(DailyLog& dailyLog, SettingsStore& userDefaults, const Clock& clock, const Calendar& calendar,
+                 Queue& mainQueue, UuidSource& uuids, WorkQueue queue)
+    : m_dailyLog(dailyLog), m_userDefaults(userDefaults), m_clock(clock), m_calendar(calendar), m_mainQueue(mainQueue),
+      m_uuids(uuids), m_queue(std::move(queue)) {
     auto stored = readDocument<QList<HistoryEvent>>(userDefaults, keys::historyEvents);
     if (stored.isUnreadable()) {
         log(QStringLiteral("The history in %1 cannot be read: %2").arg(userDefaults.location(), stored.problem));
@@ -123,6 +128,66 @@ void History::takeOver(const Rename& rename, QList<HistoryEvent> events) {
             events[i].id = m_uuids.next();
     }
     setEvents(std::move(events));
+}
+
+QList<DayOfEvents> History::eventsByDay(int days, const std::optional<Exercise>& exercise) const {
+    if (days < 0)
+        trap();
+    const Date now = m_clock.now();
+    QList<int> dayNumbers;
+    dayNumbers.reserve(days);
+    for (int i = 0; i < days; ++i)
+        dayNumbers += m_calendar.dayNumber(now - static_cast<double>(checkedMultiply(i, secondsPerDay)));
+    if (dayNumbers.isEmpty())
+        return {};
+
+    const EventGroups groups(m_events, dayNumbers.last(), dayNumbers.first(), [&](const HistoryEvent& event) {
+        return exercise && event.exerciseName != exercise->name ? EventGroups::none : m_calendar.dayNumber(event.date);
+    });
+    QList<DayOfEvents> list;
+    list.reserve(days);
+    for (const int day : std::as_const(dayNumbers))
+        list += DayOfEvents{m_calendar.startOfDay(day), EventGroups::at(groups.positions(day), m_events)};
+    return list;
+}
+
+QList<MonthOfEvents> History::eventsByMonth(int months, bool allMonths, const std::optional<Exercise>& exercise) const {
+    const int count = allMonths ? allMonthsCount : months;
+    const Date now = m_clock.now();
+    const Date cutoff = cutoffOfLastMonths(count, now, m_calendar);
+    bool isEmpty = true;
+    int earliestMonth = std::numeric_limits<int>::max();
+    const int firstMonth = m_calendar.monthNumber(cutoff);
+    // Most events follow one of the same month.
+    int month = 0;
+    int firstDay = 0;
+    int endDay = 0;
+    const EventGroups groups(m_events, firstMonth, m_calendar.monthNumber(now), [&](const HistoryEvent& event) {
+        if (event.date < cutoff || (exercise && event.exerciseName != exercise->name))
+            return EventGroups::none;
+        const int day = m_calendar.dayNumber(event.date);
+        if (day < firstDay || day >= endDay) {
+            month = Calendar::monthOfDay(day);
+            firstDay = Calendar::firstDayOfMonth(month);
+            endDay = Calendar::firstDayOfMonth(month + 1);
+        }
+        isEmpty = false;
+        earliestMonth = std::min(earliestMonth, month);
+        return month;
+    });
+    QList<MonthOfEvents> list;
+    for (int i = 0; i < count && !isEmpty; ++i) {
+        const int each = m_calendar.monthNumber(monthsBefore(i, now, m_calendar));
+        if (allMonths && each < earliestMonth)
+            break;
+        list += MonthOfEvents{m_calendar.startOfMonth(each), EventGroups::at(groups.positions(each), m_events)};
+    }
+    return list;
+}
+
+std::optional<Date> History::earliestEventDate() const {
+    const auto earliest = std::ranges::min_element(m_events, {}, &HistoryEvent::date);
+    return earliest == m_events.cend() ? std::nullopt : std::optional(earliest->date);
 }
 
 } // namespace tamsel

@@ -1,9 +1,14 @@
 #pragma once
 
 #include "model/DailyLog.h"
+#include "model/DayOfEvents.h"
+#include "model/Exercise.h"
 #include "model/HistoryEvent.h"
+#include "model/MonthOfEvents.h"
 #include "model/PracticeSession.h"
 #include "model/SettingsStore.h"
+#include "platform/Calendar.h"
+#include "platform/Clock.h"
 #include "platform/Observable.h"
 #include "platform/Queue.h"
 #include "platform/SerialQueue.h"
@@ -25,8 +30,8 @@ public:
 
     // Loads the events. Stored events that do not decode stop the program, with one line on the console that names the
     // file and the place: history is never silently discarded, and its bytes stay as they are.
-    History(DailyLog& dailyLog, SettingsStore& userDefaults, Queue& mainQueue, UuidSource& uuids,
-            WorkQueue queue = std::make_unique<SerialQueue>("History"));
+    History(DailyLog& dailyLog, SettingsStore& userDefaults, const Clock& clock, const Calendar& calendar,
+            Queue& mainQueue, UuidSource& uuids, WorkQueue queue = std::make_unique<SerialQueue>("History"));
     ~History();
 
     const QList<HistoryEvent>& events() const { return m_events; }
@@ -41,6 +46,17 @@ public:
     // Gives the events named `oldName` the new name. Their counts are dropped and their identifiers fresh, which is
     // deliberate. Publishes and saves on the main queue, then calls the completion there.
     void renameExercise(const QString& oldName, const QString& newName, std::function<void()> completion = {});
+
+    // The last so many days, today first, each with its events (those of the exercise, where one is given) in the order
+    // of recording. Days are counted in steps of 86,400 seconds: where the clocks change, a day may come twice or be
+    // left out, and the list still has that many entries. A count below zero stops the program.
+    QList<DayOfEvents> eventsByDay(int days, const std::optional<Exercise>& exercise = {}) const;
+    // The last so many months, the current one first; with `allMonths`, every month back to the earliest event. Empty,
+    // deliberately, when that time holds no event.
+    QList<MonthOfEvents> eventsByMonth(int months, bool allMonths, const std::optional<Exercise>& exercise = {}) const;
+
+    // The date of the earliest event; nothing without any.
+    std::optional<Date> earliestEventDate() const;
 
 private:
     struct Rename {
@@ -58,6 +74,8 @@ private:
 
     DailyLog& m_dailyLog;
     SettingsStore& m_userDefaults;
+    const Clock& m_clock;
+    const Calendar& m_calendar;
     Queue& m_mainQueue;
     UuidSource& m_uuids;
     QList<HistoryEvent> m_events;

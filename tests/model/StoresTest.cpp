@@ -40,7 +40,7 @@ protected:
     std::unique_ptr<History> makeHistory(DailyLog& dailyLog) {
         auto queue = std::make_unique<test::ManualQueue>(clock);
         historyQueue = queue.get();
-        return std::make_unique<History>(dailyLog, store, mainQueue, uuids, std::move(queue));
+        return std::make_unique<History>(dailyLog, store, clock, calendar, mainQueue, uuids, std::move(queue));
     }
     QByteArray stored(const QString& key) { return store.data(key).value_or(QByteArray("(absent)")); }
     PracticeSession session(const Exercise& exercise, qint64 seconds) {
