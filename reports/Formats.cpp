@@ -5,6 +5,7 @@
 #include "platform/IcuText.h"
 #include "platform/NumberText.h"
 
+#include <unicode/gregocal.h>
 #include <unicode/measfmt.h>
 #include <unicode/measunit.h>
 #include <unicode/measure.h>
@@ -12,6 +13,7 @@
 #include <unicode/timezone.h>
 
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -21,6 +23,8 @@ namespace {
 
 constexpr qint64 secondsPerMinute = 60;
 constexpr qint64 secondsPerHour = 3600;
+constexpr qint64 minutesPerHour = 60;
+constexpr qint64 minutesPerDay = 1440;
 constexpr double millisecondsPerSecond = 1000.0;
 
 void require(UErrorCode status) {
@@ -58,14 +62,34 @@ std::unique_ptr<icu::MeasureFormat> measureFormat(UMeasureFormatWidth width) {
     return format;
 }
 
-// Dates written by one pattern, in the zone of the calendar that is asked for last.
+// A formatter of dates, made once and told the zone when it is another than before.
 class DateText {
 public:
-    explicit DateText(const char16_t* pattern) {
+    explicit DateText(icu::DateFormat* format) : m_format(format) {
+        if (format == nullptr)
+            trap();
+        // The calendar's rules count for all time, as everywhere in Tamsel.
+        std::unique_ptr<icu::Calendar> rules(format->getCalendar()->clone());
+        if (auto* const gregorian = dynamic_cast<icu::GregorianCalendar*>(rules.get())) {
+            UErrorCode status = U_ZERO_ERROR;
+            gregorian->setGregorianChange(-std::numeric_limits<double>::max(), status);
+            require(status);
+            m_format->adoptCalendar(rules.release());
+        }
+    }
+    static DateText pattern(const char16_t* pattern) {
         UErrorCode status = U_ZERO_ERROR;
-        m_format =
-            std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString(pattern), icu::Locale::getDefault(), status);
+        auto* const format = new icu::SimpleDateFormat(icu::UnicodeString(pattern), icu::Locale::getDefault(), status);
         require(status);
+        return DateText(format);
+    }
+    // The language's own order and punctuation of these fields.
+    static DateText skeleton(const char16_t* fields) {
+        UErrorCode status = U_ZERO_ERROR;
+        auto* const format =
+            icu::DateFormat::createInstanceForSkeleton(icu::UnicodeString(fields), icu::Locale::getDefault(), status);
+        require(status);
+        return DateText(format);
     }
 
     QString of(Date date, const Calendar& calendar) {
@@ -79,7 +103,7 @@ public:
     }
 
 private:
-    std::unique_ptr<icu::SimpleDateFormat> m_format;
+    std::unique_ptr<icu::DateFormat> m_format;
     QString m_zone;
 };
 
@@ -123,13 +147,104 @@ QString spokenDuration(qint64 seconds) {
                                {seconds % secondsPerMinute, icu::MeasureUnit::getSecond()}});
 }
 
+QString fullHoursAndMinutes(qint64 seconds) {
+    static const auto format = measureFormat(UMEASFMT_WIDTH_WIDE);
+    const qint64 minutes = seconds / secondsPerMinute;
+    return formatted(*format, {{minutes / secondsPerMinute, icu::MeasureUnit::getHour()},
+                               {minutes % secondsPerMinute, icu::MeasureUnit::getMinute()}});
+}
+
+QString spokenMinutes(qint64 minutes) {
+    static const auto format = measureFormat(UMEASFMT_WIDTH_WIDE);
+    return formatted(*format, {{minutes, icu::MeasureUnit::getMinute()}});
+}
+
+qint64 totalPracticeTime(const QList<HistoryEvent>& events) {
+    qint64 minutes = 0;
+    for (const HistoryEvent& event : events)
+        minutes = checkedAdd(minutes, event.practiceTime);
+    return minutes;
+}
+
+QString practiceTimeText(qint64 minutes) {
+    if (minutes < minutesPerHour)
+        return QStringLiteral("%1m").arg(minutes);
+    const qint64 left = minutes % minutesPerHour;
+    return left == 0 ? QStringLiteral("%1h").arg(minutes / minutesPerHour)
+                     : QStringLiteral("%1h %2m").arg(minutes / minutesPerHour).arg(left);
+}
+
+QString totalPracticeTimeText(const QList<HistoryEvent>& events) {
+    return practiceTimeText(totalPracticeTime(events));
+}
+
+QString totalPracticeTimeTextWithDays(const QList<HistoryEvent>& events) {
+    const qint64 minutes = totalPracticeTime(events);
+    if (minutes < minutesPerDay)
+        return practiceTimeText(minutes);
+    return QStringLiteral("%1d %2h %3m")
+        .arg(minutes / minutesPerDay)
+        .arg(minutes / minutesPerHour)
+        .arg(minutes % minutesPerHour);
+}
+
 QString dayTitle(Date date, const Calendar& calendar) {
-    static DateText text(u"MM/dd/YY");
+    static DateText text = DateText::pattern(u"MM/dd/YY");
+    return text.of(date, calendar);
+}
+
+QString monthTitle(Date date, const Calendar& calendar) {
+    static DateText text = DateText::pattern(u"MMM YYYY");
     return text.of(date, calendar);
 }
 
 QString longDayTitle(Date date, const Calendar& calendar) {
-    static DateText text(u"MMM dd YYYY");
+    static DateText text = DateText::pattern(u"MMM dd YYYY");
+    return text.of(date, calendar);
+}
+
+QString shortDate(Date date, const Calendar& calendar) {
+    static DateText text{icu::DateFormat::createDateInstance(icu::DateFormat::kShort, icu::Locale::getDefault())};
+    return text.of(date, calendar);
+}
+
+QString spokenDay(Date date, const Calendar& calendar) {
+    static DateText text = DateText::skeleton(u"MMMMd");
+    return text.of(date, calendar);
+}
+
+QString fullDay(Date date, const Calendar& calendar) {
+    static DateText text = DateText::skeleton(u"yMMMMd");
+    return text.of(date, calendar);
+}
+
+QString spokenMonth(Date date, const Calendar& calendar) {
+    static DateText text = DateText::skeleton(u"yMMMM");
+    return text.of(date, calendar);
+}
+
+QString weekdayMark(Date date, const Calendar& calendar) {
+    static DateText text = DateText::skeleton(u"ccc");
+    return text.of(date, calendar);
+}
+
+QString dayMark(Date date, const Calendar& calendar) {
+    static DateText text = DateText::skeleton(u"MMMd");
+    return text.of(date, calendar);
+}
+
+QString narrowMonthMark(Date date, const Calendar& calendar) {
+    static DateText text = DateText::skeleton(u"LLLLL");
+    return text.of(date, calendar);
+}
+
+QString monthMark(Date date, const Calendar& calendar) {
+    static DateText text = DateText::skeleton(u"yyMMM");
+    return text.of(date, calendar);
+}
+
+QString yearMark(Date date, const Calendar& calendar) {
+    static DateText text = DateText::skeleton(u"y");
     return text.of(date, calendar);
 }
 

@@ -5,7 +5,15 @@
 #include "platform/FatalError.h"
 #include "platform/Log.h"
 
+#include <algorithm>
+
 namespace tamsel {
+
+const QList<TimeRange>& everyTimeRange() {
+    static const QList<TimeRange> ranges = {TimeRange::last7Days, TimeRange::last30Days, TimeRange::last90Days,
+                                            TimeRange::last12Months, TimeRange::allMonths};
+    return ranges;
+}
 
 const QList<TimeRange>& offeredTimeRanges() {
     static const QList<TimeRange> ranges = {TimeRange::last7Days, TimeRange::last30Days, TimeRange::last12Months,
@@ -29,9 +37,29 @@ QString label(TimeRange range) {
     trap();
 }
 
+QString caseName(TimeRange range) {
+    switch (range) {
+    case TimeRange::last7Days:
+        return QStringLiteral("last7Days");
+    case TimeRange::last30Days:
+        return QStringLiteral("last30Days");
+    case TimeRange::last90Days:
+        return QStringLiteral("last90Days");
+    case TimeRange::last12Months:
+        return QStringLiteral("last12Months");
+    case TimeRange::allMonths:
+        return QStringLiteral("allMonths");
+    }
+    trap();
+}
+
+std::optional<TimeRange> timeRangeFromCaseName(const QString& name) {
+    const auto found = std::ranges::find(everyTimeRange(), name, caseName);
+    return found == everyTimeRange().cend() ? std::nullopt : std::optional(*found);
+}
+
 std::optional<TimeRange> timeRangeOf(qint64 rawValue) {
-    for (const TimeRange range : {TimeRange::last7Days, TimeRange::last30Days, TimeRange::last90Days,
-                                  TimeRange::last12Months, TimeRange::allMonths}) {
+    for (const TimeRange range : everyTimeRange()) {
         if (rawValue == static_cast<int>(range))
             return range;
     }

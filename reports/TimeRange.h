@@ -18,11 +18,22 @@ enum class TimeRange : int {
     allMonths = 0,
 };
 
+// Every case, in the order of declaration.
+const QList<TimeRange>& everyTimeRange();
+
+constexpr bool isInMonths(TimeRange range) {
+    return range == TimeRange::last12Months || range == TimeRange::allMonths;
+}
+
 // The ranges offered to the user. Deliberately without `last90Days`, which is complete in every other respect.
 const QList<TimeRange>& offeredTimeRanges();
 
 // "7 days", "30 days", "90 days", "12 months", "All months".
 QString label(TimeRange range);
+
+// "last7Days" and so on: the name of the case, for scripts.
+QString caseName(TimeRange range);
+std::optional<TimeRange> timeRangeFromCaseName(const QString& name);
 
 // The range of a stored value; nothing for a value that is none.
 std::optional<TimeRange> timeRangeOf(qint64 rawValue);

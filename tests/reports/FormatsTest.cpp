@@ -1,7 +1,8 @@
 #include "reports/Formats.h"
 
+#include "tests/support/UsEnglish.h"
+
 #include <gtest/gtest.h>
-#include <unicode/locid.h>
 
 #include <csignal>
 #include <limits>
@@ -11,11 +12,7 @@ namespace {
 
 class FormatsTest : public testing::Test {
 protected:
-    // The texts are asked for in one language, whatever this machine's is. Formatters are made once, so it stays.
-    static void SetUpTestSuite() {
-        UErrorCode status = U_ZERO_ERROR;
-        icu::Locale::setDefault(icu::Locale::getUS(), status);
-    }
+    static void SetUpTestSuite() { test::speakUsEnglish(); }
 };
 
 TEST_F(FormatsTest, ClockTimeTurnsToHoursOnlyAboveOneHour) {
@@ -36,23 +33,68 @@ TEST_F(FormatsTest, AbbreviatedAndSpokenDurations) {
         qint64 seconds;
         const char* abbreviated;
         const char* spoken;
+        const char* full;
     };
-    for (const Case& test : {Case{0, "0m", "0 seconds"}, Case{59, "0m", "59 seconds"}, Case{60, "1m", "1 minute"},
-                             Case{123, "2m", "2 minutes, 3 seconds"}, Case{3600, "1h", "1 hour"},
-                             Case{3900, "1h 5m", "1 hour, 5 minutes"}, Case{90001, "25h", "25 hours, 1 second"}}) {
+    for (const Case& test :
+         {Case{0, "0m", "0 seconds", "0 minutes"}, Case{59, "0m", "59 seconds", "0 minutes"},
+          Case{60, "1m", "1 minute", "1 minute"}, Case{123, "2m", "2 minutes, 3 seconds", "2 minutes"},
+          Case{3600, "1h", "1 hour", "1 hour"}, Case{3900, "1h 5m", "1 hour, 5 minutes", "1 hour, 5 minutes"},
+          Case{90001, "25h", "25 hours, 1 second", "25 hours"}}) {
         EXPECT_EQ(abbreviatedHoursAndMinutes(test.seconds), QLatin1String(test.abbreviated)) << test.seconds;
         EXPECT_EQ(spokenDuration(test.seconds), QLatin1String(test.spoken)) << test.seconds;
+        EXPECT_EQ(fullHoursAndMinutes(test.seconds), QLatin1String(test.full)) << test.seconds;
     }
 }
 
-TEST_F(FormatsTest, TheLongDayTitleHasTheYearOfItsWeek) {
+TEST_F(FormatsTest, TotalsOfPracticeTime) {
+    struct Case {
+        qint64 minutes;
+        const char* text;
+        const char* withDays;
+    };
+    for (const Case& test :
+         {Case{0, "0m", "0m"}, Case{59, "59m", "59m"}, Case{60, "1h", "1h"}, Case{61, "1h 1m", "1h 1m"},
+          Case{120, "2h", "2h"}, Case{1439, "23h 59m", "23h 59m"}, Case{1440, "24h", "1d 24h 0m"},
+          Case{1500, "25h", "1d 25h 0m"}, Case{60061, "1001h 1m", "41d 1001h 1m"}}) {
+        // In two events, as it is the sum that counts.
+        const QList<HistoryEvent> events = {{{}, {}, test.minutes / 2, {}, {}, {}},
+                                            {{}, {}, test.minutes - test.minutes / 2, {}, {}, {}}};
+        EXPECT_EQ(totalPracticeTimeText(events), QLatin1String(test.text));
+        EXPECT_EQ(totalPracticeTimeTextWithDays(events), QLatin1String(test.withDays));
+    }
+    EXPECT_EQ(totalPracticeTimeText({}), QStringLiteral("0m"));
+    const HistoryEvent endless{{}, {}, std::numeric_limits<qint64>::max(), {}, {}, {}};
+    EXPECT_EXIT(totalPracticeTimeText({endless, endless}), testing::KilledBySignal(SIGABRT), "");
+}
+
+TEST_F(FormatsTest, TitlesHaveTheYearOfTheirWeek) {
     const Calendar utc(QStringLiteral("UTC"));
     const Calendar tokyo(QStringLiteral("Asia/Tokyo"));
-    EXPECT_EQ(longDayTitle(Date::fromUnixSeconds(1710417600), utc), QStringLiteral("Mar 14 2024"));
-    EXPECT_EQ(longDayTitle(Date::fromUnixSeconds(1710432000), utc), QStringLiteral("Mar 14 2024"));
-    EXPECT_EQ(longDayTitle(Date::fromUnixSeconds(1710432000), tokyo), QStringLiteral("Mar 15 2024"));
-    // Tuesday, 31 December 2024: in the United States its week, from Sunday on, is the first of 2025.
-    EXPECT_EQ(longDayTitle(Date::fromUnixSeconds(1735646400), utc), QStringLiteral("Dec 31 2025"));
+    struct Case {
+        double moment;
+        const Calendar& calendar;
+        const char* day;
+        const char* month;
+        const char* longDay;
+        const char* shortDate;
+        const char* spoken;
+    };
+    // In the United States a week begins on Sunday, and the one with January 1 is the first: December 31, 2024, a
+    // Tuesday, lies in the first week of 2025, and January 1, 2022, a Saturday, ends a week of 2022.
+    for (const Case& test :
+         {Case{1710417600, utc, "03/14/24", "Mar 2024", "Mar 14 2024", "3/14/24", "March 14, 2024"},
+          Case{1710432000, utc, "03/14/24", "Mar 2024", "Mar 14 2024", "3/14/24", "March 14, 2024"},
+          Case{1710432000, tokyo, "03/15/24", "Mar 2024", "Mar 15 2024", "3/15/24", "March 15, 2024"},
+          Case{1735646400, utc, "12/31/25", "Dec 2025", "Dec 31 2025", "12/31/24", "December 31, 2024"},
+          Case{1640995200, utc, "01/01/22", "Jan 2022", "Jan 01 2022", "1/1/22", "January 1, 2022"},
+          Case{-62130000000, utc, "03/06/01", "Mar 0001", "Mar 06 0001", "3/6/01", "March 6, 1"}}) {
+        const Date date = Date::fromUnixSeconds(test.moment);
+        EXPECT_EQ(dayTitle(date, test.calendar), QLatin1String(test.day));
+        EXPECT_EQ(monthTitle(date, test.calendar), QLatin1String(test.month));
+        EXPECT_EQ(longDayTitle(date, test.calendar), QLatin1String(test.longDay));
+        EXPECT_EQ(shortDate(date, test.calendar), QLatin1String(test.shortDate));
+        EXPECT_EQ(fullDay(date, test.calendar), QLatin1String(test.spoken));
+    }
 }
 
 } // namespace

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "model/History.h"
+#include "platform/Observable.h"
+#include "reports/NameIndex.h"
+
+#include <QString>
+
+namespace tamsel {
+
+// The colour of each item in charts: items get the theme's chart colours in the order in which they were first
+// practised, so that an item keeps its colour on every screen and as long as its events are there. Main thread only.
+class ItemColors {
+public:
+    // How many colours the theme has for items. Beyond that they come again.
+    static constexpr int paletteSize = 12;
+    // The colour of what several items share.
+    static constexpr int shared = -1;
+
+    explicit ItemColors(History& history);
+
+    // 0 to paletteSize - 1.
+    int colorIndex(const QString& name);
+
+private:
+    History& m_history;
+    bool m_isCurrent = false;
+    NameIndex m_names;
+    Observable::Subscription m_subscription;
+};
+
+} // namespace tamsel

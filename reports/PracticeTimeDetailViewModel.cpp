@@ -1,0 +1,150 @@
+#include "reports/PracticeTimeDetailViewModel.h"
+
+#include "platform/FatalError.h"
+#include "platform/Log.h"
+#include "reports/ChartBuilder.h"
+#include "reports/Formats.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tamsel {
+
+namespace {
+
+constexpr int monthsPerYear = 12;
+
+QString withTotal(const QString& date, const QList<HistoryEvent>& events) {
+    return QStringLiteral("%1: %2").arg(date, totalPracticeTimeText(events));
+}
+
+} // namespace
+
+PracticeTimeDetailViewModel::PracticeTimeDetailViewModel(Singletons& singletons,
+                                                         const std::optional<Exercise>& exercise, TimeRange timeRange,
+                                                         const Platform& platform, ItemColors& colors)
+    : m_platform(platform), m_colors(colors), m_exerciseName(exercise ? exercise->name : QString()),
+      m_ranges(rangesToOffer(singletons.history, platform.clock.now(), platform.calendar)), m_timeRange(timeRange) {
+    log(QStringLiteral("PracticeTimeDetailViewModel.init"));
+    const History& history = singletons.history;
+    m_countsOfPracticeDays =
+        tamsel::countsOfPracticeDays(history.events(), platform.clock.now(), platform.calendar, exercise);
+    m_last30DaysOfEvents = history.eventsByDay(static_cast<int>(TimeRange::last30Days), exercise);
+    m_last7DaysOfEvents =
+        m_last30DaysOfEvents.first(std::min(m_last30DaysOfEvents.size(), static_cast<qsizetype>(TimeRange::last7Days)));
+    m_last90DaysOfEvents = history.eventsByDay(static_cast<int>(TimeRange::last90Days), exercise);
+    m_twelveMonthsOfEvents = history.eventsByMonth(monthsPerYear, false, exercise);
+    m_allMonthsOfEvents = history.eventsByMonth(0, true, exercise);
+    updateChart();
+}
+
+const QList<DayOfEvents>* PracticeTimeDetailViewModel::days() const {
+    switch (m_timeRange) {
+    case TimeRange::last7Days:
+        return &m_last7DaysOfEvents;
+    case TimeRange::last30Days:
+        return &m_last30DaysOfEvents;
+    case TimeRange::last90Days:
+        return &m_last90DaysOfEvents;
+    case TimeRange::last12Months:
+    case TimeRange::allMonths:
+        return nullptr;
+    }
+    trap();
+}
+
+const QList<MonthOfEvents>& PracticeTimeDetailViewModel::months() const {
+    return m_timeRange == TimeRange::allMonths ? m_allMonthsOfEvents : m_twelveMonthsOfEvents;
+}
+
+void PracticeTimeDetailViewModel::setTimeRange(TimeRange timeRange) {
+    if (std::exchange(m_timeRange, timeRange) == timeRange)
+        return;
+    updateChart();
+    Q_EMIT timeRangeChanged();
+}
+
+void PracticeTimeDetailViewModel::updateChart() {
+    m_chart.setContent(buildChart(sessionsReports(), m_timeRange, m_platform.calendar, m_colors));
+}
+
+QList<ChartData::SessionsReport> PracticeTimeDetailViewModel::sessionsReports() const {
+    return days() != nullptr ? tamsel::sessionsReports(*days(), m_platform.uuids)
+                             : tamsel::sessionsReports(months(), m_platform.uuids);
+}
+
+QList<PracticeTimeDetailViewModel::DayRow> PracticeTimeDetailViewModel::dayRows() const {
+    QList<DayRow> rows;
+    if (days() == nullptr)
+        return rows;
+    for (const DayOfEvents& day : *days()) {
+        rows += {static_cast<int>(rows.size()),
+                 withTotal(dayTitle(day.day, m_platform.calendar), day.events),
+                 m_platform.uuids.next(),
+                 {day}};
+    }
+    return rows;
+}
+
+QList<PracticeTimeDetailViewModel::MonthRow> PracticeTimeDetailViewModel::monthRows() const {
+    QList<MonthRow> rows;
+    if (days() != nullptr)
+        return rows;
+    for (const MonthOfEvents& month : months()) {
+        rows += {static_cast<int>(rows.size()),
+                 withTotal(monthTitle(month.month, m_platform.calendar), month.events),
+                 m_platform.uuids.next(),
+                 {month}};
+    }
+    return rows;
+}
+
+QList<ReportFigure> PracticeTimeDetailViewModel::practiceDayFigures() const {
+    const PracticeDayCounts& counts = m_countsOfPracticeDays;
+    return {{QStringLiteral("practice_days_7"), QString::number(counts.days7), QStringLiteral("in 7 days")},
+            {QStringLiteral("practice_days_30"), QString::number(counts.days30), QStringLiteral("in 30 days")},
+            {QStringLiteral("practice_days_365"), QString::number(counts.days365), QStringLiteral("in 365 days")},
+            {QStringLiteral("practice_days_all"), QString::number(counts.allTime), QStringLiteral("all time")}};
+}
+
+QList<ReportRow> PracticeTimeDetailViewModel::rows() const {
+    QList<ReportRow> lines;
+    const auto add = [&lines](const auto& rows) {
+        lines.reserve(rows.size());
+        for (const auto& row : rows)
+            lines += {QStringLiteral("practice_time_row_%1").arg(row.index), row.title, QString(), false};
+    };
+    add(dayRows());
+    add(monthRows());
+    return lines;
+}
+
+QString PracticeTimeDetailViewModel::emptyText() const {
+    if (days() != nullptr || !months().isEmpty())
+        return {};
+    return QStringLiteral("Nothing was recorded in this time. Practice for a minute or more and save, and the month "
+                          "appears here.");
+}
+
+void PracticeTimeDetailViewModel::selectTimeRange(int option) {
+    if (option >= 0 && option < m_ranges.size())
+        setTimeRange(m_ranges.at(option));
+}
+
+void PracticeTimeDetailViewModel::openRow(int row) {
+    const auto openIn = [&](const auto& list) {
+        if (row >= 0 && row < list.size())
+            Q_EMIT destinationRequested({list.at(row)});
+    };
+    if (days() != nullptr)
+        openIn(*days());
+    else
+        openIn(months());
+}
+
+void PracticeTimeDetailViewModel::openBar(int bar) {
+    // The newest is first in the list and last in the chart.
+    openRow(static_cast<int>(m_chart.content().bars.size()) - 1 - bar);
+}
+
+} // namespace tamsel

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "model/DayOfEvents.h"
+#include "model/Exercise.h"
+#include "model/History.h"
+#include "model/MonthOfEvents.h"
+#include "platform/Calendar.h"
+#include "platform/Date.h"
+#include "platform/UuidSource.h"
+#include "reports/ChartData.h"
+#include "reports/TimeRange.h"
+
+#include <QList>
+
+#include <optional>
+
+// What the reports say, worked out from the journal. Pure functions, main thread.
+namespace tamsel {
+
+// One report for each day or month, empty ones included, in the order given.
+QList<ChartData::SessionsReport> sessionsReports(const QList<DayOfEvents>& days, UuidSource& uuids);
+QList<ChartData::SessionsReport> sessionsReports(const QList<MonthOfEvents>& months, UuidSource& uuids);
+// Those of a range, newest first.
+QList<ChartData::SessionsReport> sessionsReports(const History& history, TimeRange range,
+                                                 const std::optional<Exercise>& exercise, UuidSource& uuids);
+
+// An overflow stops the program.
+qint64 totalMinutes(const QList<ChartData::SessionsReport>& reports);
+
+// The minutes of a day or month, on average since the oldest one with a session, which counts; 0 without any. The
+// reports are newest first.
+double averageMinutes(const QList<ChartData::SessionsReport>& reports);
+
+// Each item of the events that are not before `cutoff` with its sum, the largest first; equal ones by name. An overflow
+// stops the program.
+QList<ChartData::ExerciseReportOverTime> ranking(const QList<HistoryEvent>& events, UuidSource& uuids,
+                                                 std::optional<Date> cutoff = {});
+
+// On how many different days was practised within the last so many days with today, and ever.
+struct PracticeDayCounts {
+    int days7 = 0;
+    int days30 = 0;
+    int days365 = 0;
+    int allTime = 0;
+
+    bool operator==(const PracticeDayCounts&) const = default;
+};
+PracticeDayCounts countsOfPracticeDays(const QList<HistoryEvent>& events, Date now, const Calendar& calendar,
+                                       const std::optional<Exercise>& exercise);
+
+// The ranges that make sense for the journal: those offered, and all months only where the earliest event lies before
+// the month twelve months back.
+QList<TimeRange> rangesToOffer(const History& history, Date now, const Calendar& calendar);
+
+} // namespace tamsel

@@ -1,0 +1,71 @@
+#include "reports/TopExercisesDetailViewModel.h"
+
+#include "model/EventCutoff.h"
+#include "platform/FatalError.h"
+#include "platform/Log.h"
+#include "reports/Ranking.h"
+#include "reports/ReportData.h"
+
+#include <utility>
+
+namespace tamsel {
+
+TopExercisesDetailViewModel::TopExercisesDetailViewModel(const History& history, TimeRange timeRange,
+                                                         const Platform& platform, ItemColors& colors)
+    : m_colors(colors), m_ranges(rangesToOffer(history, platform.clock.now(), platform.calendar)),
+      m_timeRange(timeRange) {
+    log(QStringLiteral("TopExercisesDetailViewModel.init"));
+    const Date now = platform.clock.now();
+    const auto ofDays = [&](TimeRange range) {
+        return ranking(history.events(), platform.uuids,
+                       cutoffOfLastDays(static_cast<int>(range), now, platform.calendar));
+    };
+    const auto ofMonths = [&](int months) {
+        return ranking(history.events(), platform.uuids, cutoffOfLastMonths(months, now, platform.calendar));
+    };
+    constexpr int monthsPerYear = 12;
+    m_last7DaysData = ofDays(TimeRange::last7Days);
+    m_last30DaysData = ofDays(TimeRange::last30Days);
+    m_last90DaysData = ofDays(TimeRange::last90Days);
+    m_last12MonthsData = ofMonths(monthsPerYear);
+    m_allMonthsData = ofMonths(allMonthsCount);
+}
+
+const TopExercisesDetailViewModel::Records& TopExercisesDetailViewModel::data() const {
+    switch (m_timeRange) {
+    case TimeRange::last7Days:
+        return m_last7DaysData;
+    case TimeRange::last30Days:
+        return m_last30DaysData;
+    case TimeRange::last90Days:
+        return m_last90DaysData;
+    case TimeRange::last12Months:
+        return m_last12MonthsData;
+    case TimeRange::allMonths:
+        return m_allMonthsData;
+    }
+    trap();
+}
+
+void TopExercisesDetailViewModel::setTimeRange(TimeRange timeRange) {
+    if (std::exchange(m_timeRange, timeRange) != timeRange)
+        Q_EMIT timeRangeChanged();
+}
+
+QList<RankedItem> TopExercisesDetailViewModel::items() const {
+    return rankedItems(data(), m_colors);
+}
+
+QString TopExercisesDetailViewModel::emptyText() const {
+    if (!data().isEmpty())
+        return {};
+    return QStringLiteral("Nothing was recorded in this time. Choose a longer one, or practice an item for a minute or "
+                          "more.");
+}
+
+void TopExercisesDetailViewModel::selectTimeRange(int option) {
+    if (option >= 0 && option < m_ranges.size())
+        setTimeRange(m_ranges.at(option));
+}
+
+} // namespace tamsel
