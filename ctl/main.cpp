@@ -1,5 +1,6 @@
 #include "ctl/ClickCommand.h"
 #include "ctl/Command.h"
+#include "ctl/ReportCommand.h"
 #include "platform/Log.h"
 
 #include <QCoreApplication>
@@ -14,6 +15,7 @@ namespace {
 
 constexpr std::array commands = {
     Command{"click", "write what the metronome would play as a WAV file", click},
+    Command{"report", "show what was practised: days, months, items", report},
 };
 
 QString usage() {

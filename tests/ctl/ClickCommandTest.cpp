@@ -1,6 +1,7 @@
+#include "tests/ctl/Tamselctl.h"
+
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtEndian>
 
@@ -13,19 +14,8 @@
 namespace tamsel {
 namespace {
 
-struct Ended {
-    int exitCode;
-    QByteArray output;
-    QByteArray errors;
-};
-
-Ended tamselctl(const QStringList& arguments) {
-    QProcess process;
-    process.start(QStringLiteral(TAMSEL_CTL), arguments);
-    process.waitForFinished();
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1, process.readAllStandardOutput(),
-            process.readAllStandardError()};
-}
+using test::Ended;
+using test::tamselctl;
 
 template <class T>
 T littleEndian(const QByteArray& bytes, qsizetype at) {

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "app/Singletons.h"
+#include "ctl/Command.h"
+#include "platform/Platform.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace tamsel::ctl {
+
+// What a command has to say: its output, or the line that says why there is none.
+struct Answer {
+    ExitCode code = exitDone;
+    QString text;
+};
+
+// The report that the words behind `tamselctl report` ask for, as text or as JSON.
+Answer reportAnswer(const QStringList& arguments, Singletons& singletons, const Platform& platform);
+
+// tamselctl report: what the history's screens show, from the stored journal, which is only read.
+ExitCode report(const QStringList& arguments);
+
+} // namespace tamsel::ctl
