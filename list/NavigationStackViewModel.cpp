@@ -33,7 +33,16 @@ void NavigationStackViewModel::pop() {
     Q_EMIT topChanged();
 }
 
+void NavigationStackViewModel::back() {
+    if (!m_screens.empty() && !closesWithin(*m_screens.back().model))
+        pop();
+}
+
 void NavigationStackViewModel::leaving(QObject&) {}
+
+bool NavigationStackViewModel::closesWithin(QObject&) {
+    return false;
+}
 
 void NavigationStackViewModel::append(StackedScreen screen) {
     // The stack owns it, whatever a screen does with it.

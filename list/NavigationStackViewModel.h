@@ -36,8 +36,10 @@ public:
     void push(StackedScreen screen);
     // One screen instead of all; the tab's first screen is not uncovered in between.
     void replaceAll(StackedScreen screen);
-    // Back by one screen. Does nothing on the tab's first one.
+    // Takes the screen on top off the stack. Does nothing on the tab's first one.
     Q_INVOKABLE void pop();
+    // What a key or a gesture means by "back": closes what lies over the screen on top, or else leaves that screen.
+    Q_INVOKABLE void back();
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -51,6 +53,8 @@ Q_SIGNALS:
 protected:
     // The screen is about to leave the stack.
     virtual void leaving(QObject& screenModel);
+    // Closes what the screen shows over itself; false if there is nothing.
+    virtual bool closesWithin(QObject& screenModel);
 
 private:
     void append(StackedScreen screen);

@@ -36,6 +36,14 @@ void PracticeNavigationStackViewModel::push(const destinations::FromPracticeList
     replaceAll(m_coordinator.screen(destination));
 }
 
+void PracticeNavigationStackViewModel::push(const destinations::FromPracticeView& destination) {
+    PracticeViewModel* const practice = practiceViewModel();
+    if (practice == nullptr || practice->exercise() != destination.exercise)
+        return;
+    practice->setIsShowingHistory(destination.leadsTo == destinations::FromPracticeView::Case::history);
+    practice->setIsShowingNotes(destination.leadsTo == destinations::FromPracticeView::Case::notes);
+}
+
 void PracticeNavigationStackViewModel::leave() {
     if (practiceViewModel() != nullptr)
         practiceViewModel()->leave();
@@ -44,6 +52,15 @@ void PracticeNavigationStackViewModel::leave() {
 void PracticeNavigationStackViewModel::leaving(QObject& screenModel) {
     if (auto* const practice = qobject_cast<PracticeViewModel*>(&screenModel))
         practice->leave();
+}
+
+bool PracticeNavigationStackViewModel::closesWithin(QObject& screenModel) {
+    auto* const practice = qobject_cast<PracticeViewModel*>(&screenModel);
+    if (practice == nullptr || !(practice->isShowingNotes() || practice->isShowingHistory()))
+        return false;
+    practice->setIsShowingNotes(false);
+    practice->setIsShowingHistory(false);
+    return true;
 }
 
 } // namespace tamsel

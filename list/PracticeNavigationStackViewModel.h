@@ -37,12 +37,16 @@ public:
 
     // Leaves the practice screen that is open, and opens another.
     void push(const destinations::FromPracticeList& destination);
+    // Opens the item's notes or history over its practice screen; does nothing while that is not open.
+    void push(const destinations::FromPracticeView& destination);
     // The window closes: what runs is saved.
     void leave();
 
 private:
     // What runs on the practice screen is saved. The list's screen tells its model itself that it appears.
     void leaving(QObject& screenModel) override;
+    // The notes and the history of the item.
+    bool closesWithin(QObject& screenModel) override;
 
     const Coordinator& m_coordinator;
     const std::optional<destinations::FromPracticeList> m_practiceViewToShowOnAppLaunch;

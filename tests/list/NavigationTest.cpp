@@ -96,6 +96,29 @@ TEST_F(NavigationTest, AStackKeepsWhatLiesBelow) {
         << "the tab's first screen was never uncovered";
 }
 
+TEST_F(NavigationTest, BackClosesNotesAndHistoryBeforeItEndsThePractice) {
+    singletons().exercises.setItems({a, b});
+    PracticeNavigationStackViewModel stack(singletons(), world.platform, coordinator);
+    stack.push(destinations::FromPracticeView::notes(a));
+    EXPECT_EQ(stack.depth(), 0) << "there is no practice screen to open them over";
+    stack.push(destinations::FromPracticeList{a, std::nullopt});
+    PracticeViewModel& practice = *stack.practiceViewModel();
+    practice.startTimer(5);
+    stack.push(destinations::FromPracticeView::notes(b));
+    EXPECT_FALSE(practice.isShowingNotes()) << "of another item";
+    for (const bool notes : {true, false}) {
+        stack.push(notes ? destinations::FromPracticeView::notes(a) : destinations::FromPracticeView::history(a));
+        EXPECT_EQ(practice.isShowingNotes(), notes);
+        EXPECT_EQ(practice.isShowingHistory(), !notes);
+        stack.back();
+        EXPECT_FALSE(practice.isShowingNotes() || practice.isShowingHistory());
+        EXPECT_TRUE(practice.timerIsRunning());
+    }
+    stack.back();
+    EXPECT_EQ(stack.depth(), 0);
+    stack.back();
+}
+
 TEST_F(NavigationTest, APracticeGoesOnBehindTheOtherTabs) {
     singletons().exercises.setItems({a});
     TabViewModel tabs(singletons(), world.platform, coordinator);
@@ -136,7 +159,7 @@ TEST_F(NavigationTest, AShakeCallsTheActionOnceOnTheMainQueue) {
 TEST_F(NavigationTest, GoingBackOrOnSavesWhatRuns) {
     singletons().exercises.setItems({a, b});
     PracticeNavigationStackViewModel stack(singletons(), world.platform, coordinator);
-    stack.push({a, std::nullopt});
+    stack.push(destinations::FromPracticeList{a, std::nullopt});
     stack.practiceViewModel()->startTimer(5);
     world.mainQueue.advance(90s);
     stack.pop();
@@ -145,10 +168,10 @@ TEST_F(NavigationTest, GoingBackOrOnSavesWhatRuns) {
     EXPECT_EQ(singletons().dailyLog.practiceSessions().first().seconds, 90);
     stack.pop();
 
-    stack.push({a, std::nullopt});
+    stack.push(destinations::FromPracticeList{a, std::nullopt});
     stack.practiceViewModel()->startStopwatch();
     world.mainQueue.advance(30s);
-    stack.push({b, std::nullopt});
+    stack.push(destinations::FromPracticeList{b, std::nullopt});
     EXPECT_EQ(stack.practiceViewModel()->exercise(), b);
     ASSERT_EQ(singletons().dailyLog.practiceSessions().size(), 2);
 
@@ -170,7 +193,7 @@ TEST_F(NavigationTest, TheMetronomePlaysOnUnderTheScreenThatIsOnTop) {
         world.mainQueue.runDue();
     }
     EXPECT_TRUE(compact.isVisualBellOn());
-    stack.push({a, std::nullopt});
+    stack.push(destinations::FromPracticeList{a, std::nullopt});
     MetronomeViewModel& full = *stack.practiceViewModel()->metronomeViewModel();
     EXPECT_TRUE(full.isPlaying());
     const auto playOn = [this] {

@@ -37,7 +37,7 @@ FocusScope {
     Keys.onPressed: event => {
         const back = event.key === Qt.Key_Escape || event.key === Qt.Key_Back || event.matches(StandardKey.Back);
         if (back && stack.navigation.depth > 0)
-            stack.navigation.pop();
+            stack.navigation.back();
         else
             event.accepted = false;
     }
@@ -94,6 +94,6 @@ FocusScope {
     BackSwipe {
         anchors.fill: parent
         enabled: stack.navigation.depth > 0
-        onBack: stack.navigation.pop()
+        onBack: stack.navigation.back()
     }
 }
