@@ -36,6 +36,8 @@ public:
 
     const QList<HistoryEvent>& events() const { return m_events; }
     Observable& eventsChanged() { return m_eventsChanged; }
+    // Counts every change but an append: while it stays, events were added at the end at most.
+    quint64 generation() const { return m_generation; }
 
     void setEvents(QList<HistoryEvent> events);
 
@@ -82,7 +84,7 @@ private:
     // Length of the stored document while it ends in the list's bracket, so that an event can be added behind the rest;
     // nothing when the next save has to write the whole.
     std::optional<qsizetype> m_extendableBytes;
-    // Counts every change but an append: what a rename was computed from is stale when it differs.
+    // What a rename was computed from is stale when it differs.
     quint64 m_generation = 0;
     QList<Rename> m_renames; // not taken over yet
     Observable m_eventsChanged;
