@@ -45,8 +45,6 @@ QVariant ListRowModel::data(const QModelIndex& index, int role) const {
         return {};
     const ListRow& row = m_rows.at(index.row());
     switch (role) {
-    case IdentifierRole:
-        return row.identifier;
     case NameRole:
         return row.name;
     case DetailRole:
@@ -59,8 +57,7 @@ QVariant ListRowModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> ListRowModel::roleNames() const {
-    return {
-        {IdentifierRole, "identifier"}, {NameRole, "name"}, {DetailRole, "detail"}, {DurationTextRole, "durationText"}};
+    return {{NameRole, "name"}, {DetailRole, "detail"}, {DurationTextRole, "durationText"}};
 }
 
 } // namespace tamsel

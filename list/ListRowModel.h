@@ -17,7 +17,7 @@ class ListRowModel final : public QAbstractListModel {
     Q_PROPERTY(int count READ count NOTIFY countChanged FINAL)
 
 public:
-    enum Role { IdentifierRole = Qt::UserRole + 1, NameRole, DetailRole, DurationTextRole };
+    enum Role { NameRole = Qt::UserRole + 1, DetailRole, DurationTextRole };
 
     explicit ListRowModel(QObject* parent) : QAbstractListModel(parent) {}
 

@@ -1,99 +1,228 @@
 #include "list/PracticeListViewModel.h"
 
+#include "list/SortMenu.h"
 #include "platform/Checked.h"
 #include "platform/Log.h"
 #include "reports/Formats.h"
 
-#include <QHash>
-#include <QSet>
-
-#include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace tamsel {
 
 namespace {
 
-// Today's sessions, those of one item that follow each other made one.
-QList<PracticeSession> folded(const QList<PracticeSession>& sessions, Date now, const Calendar& calendar) {
-    QList<PracticeSession> rows;
-    const Date today = calendar.startOfDay(now);
-    for (const PracticeSession& session : sessions) {
-        if (calendar.startOfDay(session.date) != today)
-            continue;
-        if (!rows.isEmpty() && rows.last().exercise == session.exercise)
-            rows.last() = rows.last().combined(session, now);
-        else
-            rows += session;
-    }
-    return rows;
+constexpr std::chrono::seconds undoTime{7};
+// The component of the app in the catalogue of software centres.
+const QString catalogueIdentifier = QStringLiteral("app.tamsel.Tamsel");
+
+// Whole minutes as "35m", "1h", "1h 5m".
+QString practiceTimeText(qint64 minutes) {
+    constexpr qint64 minutesPerHour = 60;
+    const qint64 hours = minutes / minutesPerHour;
+    const qint64 rest = minutes % minutesPerHour;
+    if (hours == 0)
+        return QStringLiteral("%1m").arg(rest);
+    return rest == 0 ? QStringLiteral("%1h").arg(hours) : QStringLiteral("%1h %2m").arg(hours).arg(rest);
 }
 
-QHash<QString, Date> lastPractisedDates(const QList<HistoryEvent>& events) {
-    QHash<QString, Date> dates;
-    for (const HistoryEvent& event : events) {
-        auto found = dates.find(event.exerciseName);
-        if (found == dates.end())
-            dates.insert(event.exerciseName, event.date);
-        else
-            *found = std::max(*found, event.date);
+// Finds the earlier row of an item in a list that hardly changed.
+class EarlierRows {
+public:
+    explicit EarlierRows(const QList<ExercisesSection::Row>& rows) : m_rows(rows) {}
+
+    const ExercisesSection::Row* find(const Exercise& exercise, qsizetype position) {
+        for (const qsizetype shift : {m_shift, m_shift + 1, m_shift - 1}) {
+            const qsizetype earlier = position + shift;
+            if (earlier >= 0 && earlier < m_rows.size() && m_rows.at(earlier).exercise == exercise) {
+                m_shift = shift;
+                return &m_rows.at(earlier);
+            }
+        }
+        return nullptr;
     }
-    return dates;
-}
+
+private:
+    const QList<ExercisesSection::Row>& m_rows;
+    qsizetype m_shift = 0; // what came or went before the last row found
+};
 
 } // namespace
 
 PracticeListViewModel::PracticeListViewModel(Singletons& singletons, const Platform& platform)
     : m_singletons(singletons), m_platform(platform),
-      m_metronomeViewModel(true, std::nullopt, singletons.metronome, platform.clock, platform.mainQueue) {
+      m_metronomeViewModel(true, std::nullopt, singletons.metronome, platform.clock, platform.mainQueue),
+      m_historyIndex(singletons.history), m_reviewPrompt(singletons.userDefaults, singletons.history, platform),
+      m_lastRemoval(singletons),
+      m_addButton{QStringLiteral("add item"), QStringLiteral("docBadgePlus"), [this] { addTapped(); }},
+      m_sortMenu(QStringLiteral("sort_order_menu"), QStringLiteral("sortOrder"), QStringLiteral("Sort")),
+      m_sortOrder(storedSortOrder(singletons.userDefaults)),
+      m_sortOrderTimeRange(preferredTimeRange(singletons.userDefaults).value_or(TimeRange::last7Days)) {
     log(QStringLiteral("PracticeListViewModel.init"));
-    const auto reloadOnChange = [this](Observable& observable) {
-        m_subscriptions.push_back(observable.subscribe([this] { reload(); }));
+    const auto follow = [this](Observable& observable, bool changesExerciseRows) {
+        m_subscriptions.push_back(observable.subscribe([this, changesExerciseRows] {
+            m_exerciseRowsAreStale |= changesExerciseRows;
+            scheduleRefresh();
+        }));
     };
-    reloadOnChange(singletons.exercises.itemsChanged());
-    reloadOnChange(singletons.history.eventsChanged());
-    reloadOnChange(singletons.dailyLog.practiceSessionsChanged());
-    reload();
+    follow(singletons.exercises.itemsChanged(), true);
+    follow(singletons.exercises.archivedItemsChanged(), false);
+    follow(singletons.history.eventsChanged(), true);
+    follow(singletons.dailyLog.practiceSessionsChanged(), false);
+    updateSortMenu();
+    refresh();
 }
 
 PracticeListViewModel::~PracticeListViewModel() {
     log(QStringLiteral("PracticeListViewModel.deinit"));
 }
 
+void PracticeListViewModel::later(void (PracticeListViewModel::*work)()) {
+    m_platform.mainQueue.async([self = std::weak_ptr(m_self), work] {
+        if (const auto list = self.lock())
+            ((*list)->*work)();
+    });
+}
+
+void PracticeListViewModel::scheduleRefresh() {
+    if (std::exchange(m_refreshIsScheduled, true))
+        return;
+    m_platform.mainQueue.async([self = std::weak_ptr(m_self)] {
+        const auto list = self.lock();
+        if (list && (*list)->m_refreshIsScheduled)
+            (*list)->refresh();
+    });
+}
+
+void PracticeListViewModel::refresh() {
+    m_refreshIsScheduled = false;
+    if (std::exchange(m_exerciseRowsAreStale, false))
+        rebuildExerciseRows();
+    m_archive.setItems(m_singletons.exercises.archivedItems());
+    showSections();
+}
+
+void PracticeListViewModel::rebuildExerciseRows() {
+    m_historyIndex.update();
+    const std::optional<Date> since =
+        firstMoment(m_sortOrderTimeRange, m_platform.clock.now(), m_platform.calendar);
+    EarlierRows earlierRows(m_exercises.unfilteredRows());
+    QList<ExercisesSection::Row> rows;
+    const QList<Exercise>& items = m_singletons.exercises.items();
+    rows.reserve(items.size());
+    for (const Exercise& exercise : items) {
+        ExercisesSection::Row row{exercise, m_historyIndex.lastPracticedDate(exercise.name),
+                                  m_historyIndex.practiceTime(exercise.name, since), {}, {}};
+        const ExercisesSection::Row* const earlier = earlierRows.find(exercise, rows.size());
+        if (earlier != nullptr && earlier->lastPracticedDate == row.lastPracticedDate)
+            row.formattedLastPracticedDate = earlier->formattedLastPracticedDate;
+        else if (row.lastPracticedDate)
+            row.formattedLastPracticedDate = longDayTitle(*row.lastPracticedDate, m_platform.calendar);
+        if (earlier != nullptr && earlier->recentTotalPracticeTime == row.recentTotalPracticeTime)
+            row.formattedPracticeTime = earlier->formattedPracticeTime;
+        else if (row.recentTotalPracticeTime > 0)
+            row.formattedPracticeTime = practiceTimeText(row.recentTotalPracticeTime);
+        rows += std::move(row);
+    }
+    m_exercises.setUnfilteredRows(std::move(rows));
+}
+
+void PracticeListViewModel::showSections() {
+    const auto dailyLog = DailyLogSection::make(m_singletons.dailyLog.practiceSessions(), m_searchBarText,
+                                                m_platform.clock.now(), m_platform.calendar);
+    m_shownSessions = dailyLog ? dailyLog->rows : QList<DailyLogSection::Row>();
+    m_dailyLogTitle = dailyLog ? dailyLog->title : QString();
+    m_exercises.setSortOrder(m_sortOrder);
+    m_shownExercises = m_exercises.rows(m_shownSessions, m_searchBarText);
+    m_shownArchive = m_archive.rows(m_searchBarText);
+
+    QList<ListRow> rows;
+    for (const DailyLogSection::Row& row : std::as_const(m_shownSessions)) {
+        const PracticeSession& session = row.session;
+        rows += {session.exercise.name, sessionTypeText(session.type), sessionDurationText(session.seconds)};
+    }
+    m_dailyLogRows.setRows(std::exchange(rows, {}));
+    rows.reserve(m_shownExercises.size());
+    for (const ExercisesSection::Row& row : std::as_const(m_shownExercises)) {
+        rows += {row.exercise.name, row.formattedLastPracticedDate.value_or(QStringLiteral("Not practised yet")),
+                 row.formattedPracticeTime.value_or(QString())};
+    }
+    m_exerciseRows.setRows(std::exchange(rows, {}));
+    rows.reserve(m_shownArchive.size());
+    for (const ArchiveSection::Row& row : std::as_const(m_shownArchive))
+        rows += {row.exercise.name, QString(), QString()};
+    m_archiveRows.setRows(rows);
+    Q_EMIT sectionsChanged();
+}
+
+void PracticeListViewModel::setSearchBarText(const QString& text) {
+    if (m_searchBarText == text)
+        return;
+    m_searchBarText = text;
+    Q_EMIT searchBarTextChanged();
+    refresh();
+}
+
+bool PracticeListViewModel::isEmpty() const {
+    return m_exercises.unfilteredRows().isEmpty() && m_archive.items().isEmpty() && m_shownSessions.isEmpty();
+}
+
+bool PracticeListViewModel::nothingIsFound() const {
+    return isSearching() && m_shownSessions.isEmpty() && m_shownExercises.isEmpty() && m_shownArchive.isEmpty();
+}
+
+QString PracticeListViewModel::nothingFoundTitle() const {
+    return QStringLiteral("No item is called “%1”").arg(m_searchBarText);
+}
+
+QString PracticeListViewModel::addSearchedItemText() const {
+    return QStringLiteral("Add “%1”").arg(m_searchBarText);
+}
+
+void PracticeListViewModel::setSortOrder(SortOrder order) {
+    m_sortOrder = order;
+    saveSortOrder(m_singletons.userDefaults, order);
+    updateSortMenu();
+    refresh();
+}
+
+void PracticeListViewModel::setSortOrderTimeRange(TimeRange range) {
+    m_sortOrderTimeRange = range;
+    savePreferredTimeRange(m_singletons.userDefaults, range);
+    m_exerciseRowsAreStale = true;
+    updateSortMenu();
+    refresh();
+}
+
+void PracticeListViewModel::updateSortMenu() {
+    m_sortMenu.setOptions(
+        sortMenuOptions(m_sortOrder, m_sortOrderTimeRange, [this](SortOrder order, std::optional<TimeRange> range) {
+            if (range)
+                setSortOrderTimeRange(*range);
+            setSortOrder(order);
+        }));
+}
+
+void PracticeListViewModel::asynchronouslyReloadData() {
+    log(QStringLiteral("PracticeListViewModel.asynchronouslyReloadData"));
+    later(&PracticeListViewModel::reload);
+}
+
 void PracticeListViewModel::reload() {
-    const Date now = m_platform.clock.now();
-    m_dailyLogSessions = folded(m_singletons.dailyLog.practiceSessions(), now, m_platform.calendar);
-    QList<ListRow> logRows;
-    QSet<Exercise> practisedToday;
-    qint64 total = 0;
-    for (const PracticeSession& session : std::as_const(m_dailyLogSessions)) {
-        practisedToday += session.exercise;
-        total = checkedAdd(total, session.seconds);
-        logRows += {QStringLiteral("daily_log_row_%1").arg(logRows.size()), session.exercise.name,
-                    sessionTypeText(session.type), sessionDurationText(session.seconds)};
-    }
-
-    m_exercises.clear();
-    QList<ListRow> exerciseRows;
-    const QHash<QString, Date> lastPractised = lastPractisedDates(m_singletons.history.events());
-    for (const Exercise& exercise : m_singletons.exercises.items()) {
-        if (practisedToday.contains(exercise))
-            continue;
-        const auto last = lastPractised.constFind(exercise.name);
-        exerciseRows += {QStringLiteral("exercise_row_%1").arg(exerciseRows.size()), exercise.name,
-                         last == lastPractised.cend() ? QStringLiteral("Not practised yet")
-                                                      : longDayTitle(*last, m_platform.calendar),
-                         QString()};
-        m_exercises += exercise;
-    }
-
-    m_dailyLogRows.setRows(logRows);
-    m_exerciseRows.setRows(exerciseRows);
-    const QString title = logRows.isEmpty() ? QString()
-                                            : longDayTitle(now, m_platform.calendar) + QLatin1Char(' ') +
-                                                  abbreviatedHoursAndMinutes(total);
-    if (std::exchange(m_dailyLogTitle, title) != title)
-        Q_EMIT dailyLogTitleChanged();
+    const SortOrder order = storedSortOrder(m_singletons.userDefaults);
+    const TimeRange range = preferredTimeRange(m_singletons.userDefaults).value_or(TimeRange::last7Days);
+    const bool menuChanges = order != m_sortOrder || range != m_sortOrderTimeRange;
+    m_sortOrder = order;
+    m_sortOrderTimeRange = range;
+    m_singletons.userDefaults.atomically([&] {
+        saveSortOrder(m_singletons.userDefaults, order);
+        savePreferredTimeRange(m_singletons.userDefaults, range);
+    });
+    if (menuChanges)
+        updateSortMenu();
+    // Midnight may have passed since the list was last looked at.
+    m_exerciseRowsAreStale = true;
+    refresh();
 }
 
 void PracticeListViewModel::addTapped() {
@@ -105,7 +234,7 @@ void PracticeListViewModel::setAddExerciseAlertIsPresented(bool presented) {
         return;
     Q_EMIT addExerciseAlertIsPresentedChanged();
     if (!presented && !m_addExerciseAlertTextFieldText.isEmpty())
-        addExercise();
+        addExercise(m_addExerciseAlertTextFieldText);
 }
 
 void PracticeListViewModel::setAddExerciseAlertTextFieldText(const QString& text) {
@@ -115,8 +244,8 @@ void PracticeListViewModel::setAddExerciseAlertTextFieldText(const QString& text
     Q_EMIT addExerciseAlertTextFieldTextChanged();
 }
 
-void PracticeListViewModel::addExercise() {
-    const Exercise exercise = m_singletons.exercises.add(m_addExerciseAlertTextFieldText);
+void PracticeListViewModel::addExercise(const QString& name) {
+    const Exercise exercise = m_singletons.exercises.add(name);
     m_platform.mainQueue.async([self = std::weak_ptr(m_self), exercise] {
         const auto list = self.lock();
         if (!list)
@@ -127,14 +256,21 @@ void PracticeListViewModel::addExercise() {
     });
 }
 
+void PracticeListViewModel::addSearchedItem() {
+    if (!isSearching())
+        return;
+    addExercise(m_searchBarText);
+    setSearchBarText(QString());
+}
+
 void PracticeListViewModel::openExercise(int row) {
-    if (row >= 0 && row < m_exercises.size())
-        open({m_exercises.at(row), std::nullopt});
+    if (const auto found = target(Section::Exercises, row))
+        open({found->exercise, std::nullopt});
 }
 
 void PracticeListViewModel::openDailyLogRow(int row) {
-    if (row >= 0 && row < m_dailyLogSessions.size())
-        open({m_dailyLogSessions.at(row).exercise, m_dailyLogSessions.at(row)});
+    if (const auto found = target(Section::DailyLog, row))
+        open({found->exercise, found->session});
 }
 
 void PracticeListViewModel::open(destinations::FromPracticeList destination) {
@@ -146,18 +282,183 @@ std::optional<destinations::FromPracticeList> PracticeListViewModel::takeDestina
     return std::exchange(m_destination, std::nullopt);
 }
 
-void PracticeListViewModel::asynchronouslyReloadData() {
-    log(QStringLiteral("PracticeListViewModel.asynchronouslyReloadData"));
-    m_platform.mainQueue.async([self = std::weak_ptr(m_self)] {
-        if (const auto list = self.lock())
-            (*list)->reload();
+void PracticeListViewModel::archive(const Exercise& exercise) {
+    m_lastRemoval.archiving(exercise);
+    m_singletons.exercises.archive(exercise);
+    offerUndo();
+    asynchronouslyReloadData();
+}
+
+void PracticeListViewModel::archive(const PracticeSession& session) {
+    m_lastRemoval.archiving(session.exercise);
+    m_singletons.exercises.archive(session.exercise, [this](const Exercise& archived) {
+        m_platform.mainQueue.async([self = std::weak_ptr(m_self), archived] {
+            const auto list = self.lock();
+            if (!list)
+                return;
+            (*list)->m_singletons.dailyLog.removeSessions(
+                [&](const PracticeSession& each) { return each.exercise == archived; });
+            (*list)->asynchronouslyReloadData();
+        });
+    });
+    offerUndo();
+}
+
+void PracticeListViewModel::unarchive(const Exercise& exercise) {
+    m_singletons.exercises.unarchive(exercise);
+    log(QStringLiteral("unarchived exercise: ") + exercise.name);
+    asynchronouslyReloadData();
+}
+
+void PracticeListViewModel::deleteArchived(const Exercise& exercise) {
+    m_lastRemoval.deleting(exercise);
+    if (m_singletons.exercises.archivedItems().contains(exercise))
+        m_singletons.exercises.remove(exercise);
+    log(QStringLiteral("deleted archived exercise: ") + exercise.name);
+    offerUndo();
+    asynchronouslyReloadData();
+}
+
+QList<RowAction> PracticeListViewModel::itemActions() const {
+    return {{QStringLiteral("archive"), QStringLiteral("archive_action"), QStringLiteral("archiveBox"), false}};
+}
+
+QList<RowAction> PracticeListViewModel::archiveActions() const {
+    return {
+        {QStringLiteral("unarchive"), QStringLiteral("unarchive_action"), QStringLiteral("unarchive"), false},
+        {QStringLiteral("delete"), QStringLiteral("delete_action"), QStringLiteral("trash"), true},
+    };
+}
+
+std::optional<PracticeListViewModel::Target> PracticeListViewModel::target(Section section, int row) const {
+    const auto isIn = [row](const auto& rows) { return row >= 0 && row < rows.size(); };
+    switch (section) {
+    case Section::DailyLog:
+        if (isIn(m_shownSessions))
+            return Target{section, m_shownSessions.at(row).session.exercise, m_shownSessions.at(row).session};
+        break;
+    case Section::Exercises:
+        if (isIn(m_shownExercises))
+            return Target{section, m_shownExercises.at(row).exercise, std::nullopt};
+        break;
+    case Section::Archive:
+        if (isIn(m_shownArchive))
+            return Target{section, m_shownArchive.at(row).exercise, std::nullopt};
+        break;
+    }
+    return std::nullopt;
+}
+
+void PracticeListViewModel::act(Section section, int row, int action) {
+    if (const auto found = target(section, row))
+        act(*found, action);
+}
+
+void PracticeListViewModel::act(const Target& target, int action) {
+    constexpr int firstAction = 0;
+    constexpr int secondAction = 1;
+    if (target.section == Section::Archive && action == firstAction)
+        unarchive(target.exercise);
+    else if (target.section == Section::Archive && action == secondAction)
+        deleteArchived(target.exercise);
+    else if (action == firstAction && target.session)
+        archive(*target.session);
+    else if (action == firstAction)
+        archive(target.exercise);
+}
+
+void PracticeListViewModel::openRowMenu(Section section, int row) {
+    m_rowMenu = target(section, row);
+    Q_EMIT rowMenuChanged();
+}
+
+void PracticeListViewModel::closeRowMenu() {
+    if (std::exchange(m_rowMenu, std::nullopt))
+        Q_EMIT rowMenuChanged();
+}
+
+void PracticeListViewModel::actFromMenu(int action) {
+    const auto about = m_rowMenu;
+    closeRowMenu();
+    if (about)
+        act(*about, action);
+}
+
+QString PracticeListViewModel::rowMenuTitle() const {
+    return m_rowMenu ? m_rowMenu->exercise.name : QString();
+}
+
+QList<RowAction> PracticeListViewModel::rowMenuActions() const {
+    if (!m_rowMenu)
+        return {};
+    return m_rowMenu->section == Section::Archive ? archiveActions() : itemActions();
+}
+
+void PracticeListViewModel::offerUndo() {
+    setUndoText(m_lastRemoval.text());
+    m_platform.mainQueue.asyncAfter(undoTime, [self = std::weak_ptr(m_self), offer = ++m_undoOffers] {
+        const auto list = self.lock();
+        if (list && (*list)->m_undoOffers == offer)
+            (*list)->setUndoText(QString());
     });
 }
 
+void PracticeListViewModel::setUndoText(const QString& text) {
+    if (std::exchange(m_undoText, text) != text)
+        Q_EMIT undoTextChanged();
+}
+
+void PracticeListViewModel::undo() {
+    if (!m_lastRemoval.isThere())
+        return;
+    m_lastRemoval.takeBack();
+    setUndoText(QString());
+    asynchronouslyReloadData();
+}
+
+QString PracticeListViewModel::reviewText() const {
+    return m_reviewPageIsMissing ? QStringLiteral("No software centre answered on this device. Thank you for the thought!")
+                                 : QStringLiteral("You have spent hours with Tamsel. If it serves you well, a review "
+                                                  "helps other musicians find it.");
+}
+
+QUrl PracticeListViewModel::reviewPage() const {
+    return QUrl(QStringLiteral("appstream://") + catalogueIdentifier);
+}
+
+void PracticeListViewModel::presentReview() {
+    if (!std::exchange(m_requestToPresentAppStoreReview, false))
+        return;
+    m_reviewPrompt.didRequestReview();
+    m_reviewCardIsPresented = true;
+    m_reviewPageIsMissing = false;
+    Q_EMIT reviewChanged();
+}
+
+void PracticeListViewModel::reviewPageOpened(bool shown) {
+    if (shown)
+        m_reviewCardIsPresented = false;
+    else
+        m_reviewPageIsMissing = true;
+    Q_EMIT reviewChanged();
+}
+
+void PracticeListViewModel::closeReview() {
+    if (std::exchange(m_reviewCardIsPresented, false))
+        Q_EMIT reviewChanged();
+}
+
 void PracticeListViewModel::onAppear() {
-    // From the second time on: midnight may have passed since the list was last looked at.
-    if (!std::exchange(m_isFirstLaunch, false))
+    if (!std::exchange(m_isFirstLaunch, false)) {
+        // What was done before the list was left is not taken back by a shake of the device.
+        m_lastRemoval.forget();
+        setUndoText(QString());
         asynchronouslyReloadData();
+        if (m_reviewPrompt.shouldRequestReview()) {
+            m_requestToPresentAppStoreReview = true;
+            Q_EMIT reviewChanged();
+        }
+    }
     m_metronomeViewModel.setTempo(checkedTruncate(m_singletons.metronome.tempoBPM()));
     m_metronomeViewModel.takeCharge();
 }

@@ -92,6 +92,10 @@ int MetronomeViewModel::beatIndicatorCount() const {
 
 void MetronomeViewModel::takeCharge() {
     m_metronome.setDelegate(m_tickReceiver);
+    // Another controller may have chosen another rhythm meanwhile. Only shown: setting it would break off the bar.
+    const Rhythm rhythm = m_metronome.rhythmSelection();
+    if (std::exchange(m_rhythmSelection, rhythm) != rhythm)
+        Q_EMIT rhythmSelectionChanged();
     isPlayingMayHaveChanged();
 }
 

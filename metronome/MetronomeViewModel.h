@@ -76,7 +76,7 @@ public:
     void setExerciseSettings(std::optional<ExerciseSettings> settings);
     // Starts or stops the metronome. A failing start leaves it stopped.
     void setIsPlaying(bool play);
-    // Makes this controller the one that hears the metronome's clicks.
+    // Makes this controller the one that hears the metronome's clicks, and lets it show the rhythm that they have.
     void takeCharge();
 
     void setTempoTextFieldText(const QString& text);

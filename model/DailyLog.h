@@ -33,9 +33,10 @@ public:
     // deliberate simplification. An empty new name changes no session.
     void renameExercise(const QString& oldName, const QString& newName);
 
-private:
+    // Replaces the whole log.
     void setPracticeSessions(QList<PracticeSession> sessions);
 
+private:
     SettingsStore& m_userDefaults;
     const Clock& m_clock;
     QList<PracticeSession> m_practiceSessions;

@@ -10,7 +10,7 @@ namespace {
 QList<ListRow> rows(const char* names) {
     QList<ListRow> result;
     for (const char name : std::string(names))
-        result += {QString(), QString(QLatin1Char(name)), QString(), QString()};
+        result += {QString(QLatin1Char(name)), QString(), QString()};
     return result;
 }
 

@@ -1,0 +1,66 @@
+#include "list/ExercisesSection.h"
+
+#include "list/NameOrder.h"
+
+#include <QSet>
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace tamsel {
+
+void ExercisesSection::setUnfilteredRows(QList<Row> rows) {
+    if (rows == m_unfilteredRows)
+        return;
+    m_unfilteredRows = std::move(rows);
+    m_sorted.clear();
+    m_lowerCaseNames.clear();
+    m_lowerCaseNames.reserve(m_unfilteredRows.size());
+    for (const Row& row : std::as_const(m_unfilteredRows))
+        m_lowerCaseNames += row.exercise.name.toLower();
+}
+
+void ExercisesSection::setSortOrder(SortOrder order) {
+    if (std::exchange(m_sortOrder, order) != order)
+        m_sorted.clear();
+}
+
+QList<ExercisesSection::Row> ExercisesSection::rows(const QList<DailyLogSection::Row>& dailyLogRows,
+                                                    const QString& searchBarText) const {
+    QSet<Exercise> practisedToday;
+    for (const DailyLogSection::Row& row : dailyLogRows)
+        practisedToday += row.session.exercise;
+    if (m_sorted.empty())
+        sort();
+    const LowerCaseSearch search(searchBarText);
+    QList<Row> shown;
+    shown.reserve(m_unfilteredRows.size());
+    for (const qsizetype position : m_sorted) {
+        const Row& row = m_unfilteredRows.at(position);
+        if (search.finds(m_lowerCaseNames.at(position)) &&
+            (practisedToday.isEmpty() || !practisedToday.contains(row.exercise)))
+            shown += row;
+    }
+    return shown;
+}
+
+void ExercisesSection::sort() const {
+    m_sorted.resize(static_cast<std::size_t>(m_unfilteredRows.size()));
+    std::iota(m_sorted.begin(), m_sorted.end(), 0);
+    // Stable, so that items of one name keep the user's order.
+    std::ranges::stable_sort(m_sorted, [this](qsizetype a, qsizetype b) {
+        return comesBefore(m_unfilteredRows.at(a), m_unfilteredRows.at(b), m_sortOrder);
+    });
+}
+
+bool ExercisesSection::comesBefore(const Row& a, const Row& b, SortOrder order) {
+    if (order == SortOrder::practiceRecency && a.lastPracticedDate != b.lastPracticedDate)
+        // None is less than any date.
+        return a.lastPracticedDate > b.lastPracticedDate;
+    if (order == SortOrder::practiceTime && a.recentTotalPracticeTime != b.recentTotalPracticeTime)
+        return a.recentTotalPracticeTime > b.recentTotalPracticeTime;
+    return nameComesBefore(a.exercise.name, b.exercise.name);
+}
+
+} // namespace tamsel
