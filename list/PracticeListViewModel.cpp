@@ -1,6 +1,7 @@
 #include "list/PracticeListViewModel.h"
 
 #include "list/SortMenu.h"
+#include "model/EventCutoff.h"
 #include "platform/Checked.h"
 #include "platform/Log.h"
 #include "reports/Formats.h"
@@ -17,13 +18,29 @@ constexpr std::chrono::seconds undoTime{7};
 const QString catalogueIdentifier = QStringLiteral("app.tamsel.Tamsel");
 
 // Whole minutes as "35m", "1h", "1h 5m".
-QString practiceTimeText(qint64 minutes) {
+QString totalMinutesText(qint64 minutes) {
     constexpr qint64 minutesPerHour = 60;
     const qint64 hours = minutes / minutesPerHour;
     const qint64 rest = minutes % minutesPerHour;
     if (hours == 0)
         return QStringLiteral("%1m").arg(rest);
     return rest == 0 ? QStringLiteral("%1h").arg(hours) : QStringLiteral("%1h %2m").arg(hours).arg(rest);
+}
+
+// The first moment that belongs to the range; nothing where all belongs to it.
+std::optional<Date> cutoff(TimeRange range, Date now, const Calendar& calendar) {
+    constexpr int monthsInYear = 12;
+    switch (range) {
+    case TimeRange::last7Days:
+    case TimeRange::last30Days:
+    case TimeRange::last90Days:
+        return cutoffOfLastDays(static_cast<int>(range), now, calendar);
+    case TimeRange::last12Months:
+        return cutoffOfLastMonths(monthsInYear, now, calendar);
+    case TimeRange::allMonths:
+        break;
+    }
+    return std::nullopt;
 }
 
 // Finds the earlier row of an item in a list that hardly changed.
@@ -56,6 +73,7 @@ PracticeListViewModel::PracticeListViewModel(Singletons& singletons, const Platf
       m_lastRemoval(singletons),
       m_addButton{QStringLiteral("add item"), QStringLiteral("docBadgePlus"), [this] { addTapped(); }},
       m_sortMenu(QStringLiteral("sort_order_menu"), QStringLiteral("sortOrder"), QStringLiteral("Sort")),
+      m_shake(platform.shakeSource, platform.mainQueue, [this] { shaken(); }),
       m_sortOrder(storedSortOrder(singletons.userDefaults)),
       m_sortOrderTimeRange(preferredTimeRange(singletons.userDefaults).value_or(TimeRange::last7Days)) {
     log(QStringLiteral("PracticeListViewModel.init"));
@@ -105,7 +123,7 @@ void PracticeListViewModel::refresh() {
 void PracticeListViewModel::rebuildExerciseRows() {
     m_historyIndex.update();
     const std::optional<Date> since =
-        firstMoment(m_sortOrderTimeRange, m_platform.clock.now(), m_platform.calendar);
+        cutoff(m_sortOrderTimeRange, m_platform.clock.now(), m_platform.calendar);
     EarlierRows earlierRows(m_exercises.unfilteredRows());
     QList<ExercisesSection::Row> rows;
     const QList<Exercise>& items = m_singletons.exercises.items();
@@ -121,7 +139,7 @@ void PracticeListViewModel::rebuildExerciseRows() {
         if (earlier != nullptr && earlier->recentTotalPracticeTime == row.recentTotalPracticeTime)
             row.formattedPracticeTime = earlier->formattedPracticeTime;
         else if (row.recentTotalPracticeTime > 0)
-            row.formattedPracticeTime = practiceTimeText(row.recentTotalPracticeTime);
+            row.formattedPracticeTime = totalMinutesText(row.recentTotalPracticeTime);
         rows += std::move(row);
     }
     m_exercises.setUnfilteredRows(std::move(rows));
@@ -416,6 +434,12 @@ void PracticeListViewModel::undo() {
     asynchronouslyReloadData();
 }
 
+void PracticeListViewModel::shaken() {
+    // Only what can be seen to come back is brought back.
+    if (m_isOnTop)
+        undo();
+}
+
 QString PracticeListViewModel::reviewText() const {
     return m_reviewPageIsMissing ? QStringLiteral("No software centre answered on this device. Thank you for the thought!")
                                  : QStringLiteral("You have spent hours with Tamsel. If it serves you well, a review "
@@ -448,7 +472,12 @@ void PracticeListViewModel::closeReview() {
         Q_EMIT reviewChanged();
 }
 
+void PracticeListViewModel::onDisappear() {
+    m_isOnTop = false;
+}
+
 void PracticeListViewModel::onAppear() {
+    m_isOnTop = true;
     if (!std::exchange(m_isFirstLaunch, false)) {
         // What was done before the list was left is not taken back by a shake of the device.
         m_lastRemoval.forget();

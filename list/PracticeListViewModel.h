@@ -4,6 +4,7 @@
 #include "list/ArchiveSection.h"
 #include "list/DailyLogSection.h"
 #include "list/Destinations.h"
+#include "list/DeviceShakeViewModifier.h"
 #include "list/ExercisesSection.h"
 #include "list/HistoryIndex.h"
 #include "list/LastRemoval.h"
@@ -168,6 +169,8 @@ public:
     Q_INVOKABLE void closeReview();
     // Each time the list appears: the small metronome takes charge of the one there is.
     Q_INVOKABLE void onAppear();
+    // Each time another screen covers the list.
+    Q_INVOKABLE void onDisappear();
 
 Q_SIGNALS:
     void searchBarTextChanged();
@@ -192,6 +195,7 @@ private:
     std::optional<Target> target(Section section, int row) const;
     void act(const Target& target, int action);
     void offerUndo();
+    void shaken();
     void setUndoText(const QString& text);
     // Takes in what the stores published, on a later turn of the main queue and once.
     void scheduleRefresh();
@@ -211,6 +215,7 @@ private:
     LastRemoval m_lastRemoval;
     const ToolbarButton m_addButton;
     ToolbarMenuViewModel m_sortMenu;
+    const DeviceShakeViewModifier m_shake; // takes back what undo() does
     SortOrder m_sortOrder;
     TimeRange m_sortOrderTimeRange;
     QString m_searchBarText;
@@ -231,6 +236,7 @@ private:
     std::optional<Target> m_rowMenu;
     QString m_undoText;
     quint64 m_undoOffers = 0; // so far; the end of an earlier one leaves a later one alone
+    bool m_isOnTop = false;
     bool m_isFirstLaunch = true; // until the list has appeared once
     bool m_requestToPresentAppStoreReview = false;
     bool m_reviewCardIsPresented = false;

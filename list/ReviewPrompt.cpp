@@ -21,7 +21,7 @@ qint64 totalMinutes(const QList<HistoryEvent>& events) {
 } // namespace
 
 bool ReviewPrompt::shouldRequestReview() const {
-    if (m_platform.isUnderInterfaceTest)
+    if (m_platform.launch.isUnderInterfaceTest)
         return false;
     const Date lastRequest = Date::fromUnixSeconds(m_userDefaults.real(keys::dateOfLastReviewRequest));
     switch (m_userDefaults.integer(keys::numberOfPromptsForReview)) {

@@ -1,32 +1,71 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Templates as T
 import Tamsel.Ui
 
 // One row of a section's card: a name, a line of detail below it and a text at the end. The card itself is drawn by the
-// section; all but the last row draw the line that parts them from the next.
+// section; all but the last row draw the line that parts them from the next. With `actions`, a swipe uncovers them, and
+// a long press, a right click, Shift+Enter or the menu key asks for them; Delete chooses the last of them.
 // Based on a template of its own because a screen reader takes the role from the template, whatever is said here.
-T.ItemDelegate {
+T.SwipeDelegate {
     id: row
 
     // Required, so that a view fills it from its model's role of that name.
     required property string detail
     property string trailing
     property bool last: false
-    property bool hasLongPress: false
+    // As RowActions takes them.
+    property var actions: []
+    property bool hasLongPress: actions.length > 0
 
+    readonly property bool swiped: swipe.position !== 0
+
+    // A tap, Enter or Space. One on a row that is swiped aside only brings it back.
+    signal opened()
     signal longPressed()
+    signal actionChosen(index: int)
+
+    function choose(index: int) {
+        swipe.close();
+        actionChosen(index);
+    }
 
     implicitHeight: Math.max(Math.round(54 * Theme.textScale), Theme.touchTarget,
-                             Math.ceil(words.height) + 2 * Theme.smallSpacing)
+                             Math.ceil(implicitContentHeight) + 2 * Theme.smallSpacing)
     leftPadding: Theme.mediumSpacing
     rightPadding: Theme.mediumSpacing
     padding: 0
+    clip: swiped
     focusPolicy: Qt.TabFocus
+    swipe.enabled: actions.length > 0
+    swipe.right: mirrored || actions.length === 0 ? null : behind
+    swipe.left: mirrored && actions.length > 0 ? behind : null
+    onClicked: swiped ? swipe.close() : opened()
+    // It may come to show something else.
+    onTextChanged: swipe.close()
     Keys.forwardTo: [behavior]
+    Keys.onDeletePressed: event => {
+        event.accepted = row.actions.length > 0;
+        if (event.accepted && !event.isAutoRepeat)
+            row.choose(row.actions.length - 1);
+    }
     Accessible.name: text
-    Accessible.description: trailing === "" ? detail : detail + ", " + trailing
+    Accessible.description: trailing === "" ? detail : detail === "" ? trailing : detail + ", " + trailing
     Accessible.focusable: true
-    Accessible.onPressAction: row.clicked()
+    Accessible.onPressAction: row.opened()
+
+    Component {
+        id: behind
+
+        RowActions {
+            anchors.right: parent.right
+            height: parent.height
+            visible: row.swiped
+            actions: row.actions
+            onChosen: index => row.choose(index)
+        }
+    }
 
     PressBehavior {
         id: behavior
@@ -35,12 +74,26 @@ T.ItemDelegate {
         radius: Theme.fieldRadius
         gap: -3
         hasLongPress: row.hasLongPress
+        // The row would take a right click on something in it for a tap.
+        takesRightClick: false
         onLongPressed: row.longPressed()
+    }
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        enabled: row.hasLongPress
+        onTapped: row.longPressed()
     }
 
     background: Item {
         Rectangle {
-            visible: row.down
+            visible: row.swiped
+            anchors.fill: parent
+            color: Theme.ground
+        }
+
+        Rectangle {
+            visible: row.down && !row.swiped
             anchors.fill: parent
             anchors.margins: Theme.tightSpacing
             radius: Theme.fieldRadius
@@ -57,12 +110,9 @@ T.ItemDelegate {
         }
     }
 
-    Item {
-        anchors.fill: parent
-        anchors.leftMargin: row.leftPadding
-        anchors.rightMargin: row.rightPadding
-        anchors.topMargin: row.topPadding
-        anchors.bottomMargin: row.bottomPadding
+    // qmllint disable deferred-property-id
+    contentItem: Item {
+        implicitHeight: words.height
 
         Column {
             id: words
@@ -102,4 +152,5 @@ T.ItemDelegate {
             Accessible.ignored: true
         }
     }
+    // qmllint enable deferred-property-id
 }

@@ -10,6 +10,7 @@ Item {
 
     required property T.AbstractButton control
     property bool hasLongPress: false
+    property bool takesRightClick: hasLongPress
     property real radius: control.height / 2
     property real gap: 3
 
@@ -41,7 +42,7 @@ Item {
     MouseArea {
         anchors.fill: parent
         acceptedButtons: Qt.RightButton
-        enabled: behavior.hasLongPress
+        enabled: behavior.takesRightClick
         onClicked: behavior.longPressed()
     }
 

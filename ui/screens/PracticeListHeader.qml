@@ -4,7 +4,8 @@ import QtQuick
 import Tamsel.List
 import Tamsel.Ui
 
-// What stands above the items and scrolls with them: today's log, if there is one, and the items' own title.
+// What stands above the items and scrolls with them: a word of thanks now and then, today's log, if there is one, and
+// the items' own title.
 Item {
     id: header
 
@@ -17,6 +18,7 @@ Item {
 
     // Up or Down was pressed on a title or a row of the log. The list below would move among its items.
     signal stepped(forward: bool)
+    signal rowSwiped(row: ListRow)
 
     implicitHeight: page.height
     Keys.onDownPressed: stepped(true)
@@ -29,6 +31,14 @@ Item {
         y: Theme.tightSpacing
         width: header.width - 2 * header.margin
         bottomPadding: Theme.tightSpacing
+
+        OnDemand {
+            width: parent.width
+            visible: wanted
+            wanted: header.list.reviewCardIsPresented
+            file: Qt.resolvedUrl("ReviewCard.qml")
+            given: ({"list": header.list})
+        }
 
         SectionHeader {
             id: logTitle
@@ -47,17 +57,25 @@ Item {
             visible: count > 0 && logTitle.expanded
             model: header.list.dailyLogRows
             delegate: ListRow {
+                id: row
+
                 required property int index
-                required property string identifier
                 required property string name
                 required property string durationText
 
-                objectName: identifier
+                objectName: "daily_log_row_" + index
                 width: log.width
                 text: name
                 trailing: durationText
                 last: index === log.count - 1
-                onClicked: header.list.openDailyLogRow(index)
+                actions: header.list.itemActions
+                onOpened: header.list.openDailyLogRow(index)
+                onLongPressed: header.list.openRowMenu(PracticeListViewModel.DailyLog, index)
+                onActionChosen: action => header.list.act(PracticeListViewModel.DailyLog, index, action)
+                onSwipedChanged: {
+                    if (swiped)
+                        header.rowSwiped(row);
+                }
             }
         }
 

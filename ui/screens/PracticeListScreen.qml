@@ -12,25 +12,70 @@ FocusScope {
 
     readonly property int margin: Math.max(Theme.screenMargin, Math.floor((width - Theme.contentWidth) / 2))
     readonly property int columnWidth: width - 2 * margin
-    readonly property bool isEmpty: list.exerciseRows.count === 0 && list.dailyLogRows.count === 0
+    // In a low window the search stands beside the title and leaves the rows the height.
+    readonly property bool flat: height < 480 && columnWidth >= 480
+    readonly property Item lastStop: archive.visible ? archive.lastStop
+                                   : items.currentItem ? items.currentItem : titles.lastTitle
+    // The one row that is swiped aside.
+    property ListRow swipedRow: null
 
-    // Up and Down lead through the titles, today's log and the items; among the items the ListView moves by itself.
+    // Up and Down lead through the titles, today's log, the items and the archive; among the rows of the latter two
+    // their views move by themselves.
     function moveFocus(forward: bool) {
         const focused = screen.Window.activeFocusItem;
         const from = focused && focused !== screen ? focused : rest;
-        const beside = forward ? titles.lastTitle : bar.firstButton;
-        const next = from === beside && items.currentItem ? items.currentItem : from.nextItemInFocusChain(forward);
+        let next = null;
+        if (forward && from === titles.lastTitle)
+            next = items.currentItem;
+        else if (forward && from === archive.firstTitle)
+            next = archive.currentRow;
+        else if (!forward && from === archive.firstTitle)
+            next = items.currentItem;
+        else if (!forward && from === bar.firstButton)
+            next = lastStop;
+        if (!next)
+            next = from.nextItemInFocusChain(forward);
         if (next)
             next.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    function swiped(row: ListRow) {
+        if (swipedRow !== null && swipedRow !== row)
+            swipedRow.swipe.close();
+        swipedRow = row;
+    }
+
+    function follow() {
+        if (visible)
+            list.onAppear();
+        else
+            list.onDisappear();
+    }
+
     Component.onCompleted: {
         if (visible)
-            list.onAppear();
+            follow();
     }
-    onVisibleChanged: {
-        if (visible)
-            list.onAppear();
+    onVisibleChanged: follow()
+
+    Connections {
+        target: screen.list
+
+        function onReviewChanged() {
+            if (screen.list.requestToPresentAppStoreReview)
+                screen.list.presentReview();
+        }
+
+        function onRowMenuChanged() {
+            rowMenu.shown = screen.list.rowMenuIsPresented;
+        }
+
+        function onSearchBarTextChanged() {
+            // What is found may lie in the archive.
+            if (screen.list.isSearching)
+                archive.expanded = true;
+            items.contentY = items.originY - items.topMargin;
+        }
     }
 
     Keys.onSpacePressed: event => {
@@ -44,6 +89,18 @@ FocusScope {
         enabled: screen.visible
         sequence: "Ctrl+N"
         onActivated: screen.list.addTapped()
+    }
+
+    Shortcut {
+        enabled: screen.visible && search.visible
+        sequences: [StandardKey.Find]
+        onActivated: search.forceActiveFocus(Qt.ShortcutFocusReason)
+    }
+
+    Shortcut {
+        enabled: screen.visible && !search.activeFocus
+        sequences: [StandardKey.Undo]
+        onActivated: screen.list.undo()
     }
 
     // Has the keyboard while no control has it; its keys are the screen's.
@@ -61,13 +118,35 @@ FocusScope {
         text: "Practice"
 
         RoundButton {
+            objectName: screen.list.sortMenu.accessibilityIdentifier
+            visible: !screen.list.isEmpty
+            text: screen.list.sortMenu.title
+            iconName: screen.list.sortMenu.image
+            size: RoundButton.Small
+            onClicked: sortSheet.shown = true
+        }
+
+        RoundButton {
             objectName: "add_item_button"
-            text: "add item"
-            iconName: "docBadgePlus"
+            text: screen.list.addButton.accessibilityLabel
+            iconName: screen.list.addButton.image
             size: RoundButton.Small
             prominent: true
-            onClicked: screen.list.addTapped()
+            onClicked: screen.list.addButton.trigger()
         }
+    }
+
+    SearchField {
+        id: search
+
+        objectName: "search_field"
+        x: screen.flat ? Math.round(screen.margin + (screen.columnWidth - width) / 2) : screen.margin
+        y: screen.flat ? Math.round((title.height - height) / 2) : title.height
+        width: screen.flat ? Math.round(screen.columnWidth * 0.4) : screen.columnWidth
+        visible: !screen.list.isEmpty
+        value: screen.list.searchBarText
+        onEdited: text => screen.list.searchBarText = text
+        onLeft: rest.forceActiveFocus(Qt.OtherFocusReason)
     }
 
     ListView {
@@ -80,14 +159,15 @@ FocusScope {
 
         objectName: "exercise_list"
         anchors.top: title.bottom
+        anchors.topMargin: search.visible && !screen.flat ? search.height + Theme.smallSpacing : 0
         anchors.bottom: bar.top
         anchors.bottomMargin: Theme.smallSpacing
         width: parent.width
         clip: true
-        visible: !screen.isEmpty
+        visible: !screen.list.isEmpty && !screen.list.nothingIsFound
         model: titles.itemsExpanded ? screen.list.exerciseRows : null
         topMargin: titles.height
-        bottomMargin: Theme.hugeSpacing
+        bottomMargin: archive.height + Theme.hugeSpacing
         boundsBehavior: Flickable.StopAtBounds
         reuseItems: true
         currentIndex: 0
@@ -95,6 +175,7 @@ FocusScope {
 
         onActiveFocusChanged: showCurrentRow()
         onCurrentIndexChanged: showCurrentRow()
+        onMovementStarted: screen.swiped(null)
 
         // A tap beside the tempo field ends typing in it.
         TapHandler {
@@ -117,15 +198,41 @@ FocusScope {
             list: screen.list
             below: items.currentItem
             onStepped: forward => screen.moveFocus(forward)
+            onRowSwiped: row => screen.swiped(row)
+        }
+
+        // Behind the rows in the order of the keyboard.
+        PracticeListFooter {
+            id: archive
+
+            parent: items
+            y: items.originY + items.contentHeight - items.contentY
+            width: items.width
+            height: implicitHeight
+            margin: screen.margin
+            list: screen.list
+            scrolledAway: -y
+            viewHeight: items.height
+            above: items.currentItem
+            onRowSwiped: row => screen.swiped(row)
+            onUncover: (top, bottom) => {
+                const above = y + top;
+                const below = y + bottom - items.height;
+                if (above < 0)
+                    items.contentY += above;
+                else if (below > 0)
+                    items.contentY += below;
+            }
         }
 
         delegate: ListRow {
+            id: row
+
             required property int index
-            required property string identifier
             required property string name
             required property string durationText
 
-            objectName: identifier
+            objectName: "exercise_row_" + index
             x: screen.margin
             width: screen.columnWidth
             text: name
@@ -133,7 +240,14 @@ FocusScope {
             last: index === items.count - 1
             // The list is one stop for Tab; arrows move within it.
             focusPolicy: Qt.NoFocus
-            onClicked: screen.list.openExercise(index)
+            actions: screen.list.itemActions
+            onOpened: screen.list.openExercise(index)
+            onLongPressed: screen.list.openRowMenu(PracticeListViewModel.Exercises, index)
+            onActionChosen: action => screen.list.act(PracticeListViewModel.Exercises, index, action)
+            onSwipedChanged: {
+                if (swiped)
+                    screen.swiped(row);
+            }
         }
 
         // The card that the rows lie on.
@@ -150,9 +264,18 @@ FocusScope {
     OnDemand {
         anchors.centerIn: items
         width: Math.min(screen.columnWidth, 320)
-        visible: screen.isEmpty
-        wanted: screen.isEmpty
+        visible: wanted
+        wanted: screen.list.isEmpty
         file: Qt.resolvedUrl("EmptyPracticeList.qml")
+        given: ({"list": screen.list})
+    }
+
+    OnDemand {
+        anchors.centerIn: items
+        width: Math.min(screen.columnWidth, 320)
+        visible: wanted
+        wanted: screen.list.nothingIsFound
+        file: Qt.resolvedUrl("NothingFound.qml")
         given: ({"list": screen.list})
     }
 
@@ -177,7 +300,50 @@ FocusScope {
         x: screen.margin
         width: screen.columnWidth
         metronome: screen.list.metronomeViewModel
-        above: items.currentItem
+        above: screen.lastStop
+    }
+
+    OnDemand {
+        id: undo
+
+        anchors.bottom: bar.top
+        anchors.bottomMargin: Theme.smallSpacing
+        x: screen.margin
+        width: screen.columnWidth
+        visible: wanted
+        wanted: screen.list.undoText !== ""
+        file: Qt.resolvedUrl("../components/UndoBar.qml")
+
+        Binding {
+            target: undo.item
+            property: "text"
+            value: screen.list.undoText
+            when: undo.item !== null
+        }
+
+        Connections {
+            target: undo.item
+            // Naming the bar's type would load it at the start.
+            ignoreUnknownSignals: true
+
+            function onUndone() {
+                screen.list.undo();
+            }
+        }
+    }
+
+    OnDemand {
+        id: sortSheet
+
+        file: Qt.resolvedUrl("SortSheet.qml")
+        given: ({"menu": screen.list.sortMenu, "opener": sortSheet})
+    }
+
+    OnDemand {
+        id: rowMenu
+
+        file: Qt.resolvedUrl("RowMenu.qml")
+        given: ({"list": screen.list, "opener": rowMenu})
     }
 
     OnDemand {
