@@ -26,8 +26,7 @@ QList<DailyLogSection::Row> folded(const QList<PracticeSession>& sessions, Date 
 } // namespace
 
 std::optional<DailyLogSection> DailyLogSection::make(const QList<PracticeSession>& sessions,
-                                                     const QString& searchBarText, Date now,
-                                                     const Calendar& calendar) {
+                                                     const QString& searchBarText, Date now, const Calendar& calendar) {
     DailyLogSection section{folded(sessions, now, calendar), QString()};
     section.rows.removeIf([&](const Row& row) { return !row.session.exercise.name.contains(searchBarText); });
     if (section.rows.isEmpty())

@@ -70,8 +70,8 @@ PracticeListViewModel::PracticeListViewModel(Singletons& singletons, const Platf
     : m_singletons(singletons), m_platform(platform),
       m_metronomeViewModel(true, std::nullopt, singletons.metronome, platform.clock, platform.mainQueue),
       m_historyIndex(singletons.history), m_reviewPrompt(singletons.userDefaults, singletons.history, platform),
-      m_lastRemoval(singletons),
-      m_addButton{QStringLiteral("add item"), QStringLiteral("docBadgePlus"), [this] { addTapped(); }},
+      m_lastRemoval(singletons), m_addButton{QStringLiteral("add item"), QStringLiteral("docBadgePlus"),
+                                             [this] { addTapped(); }},
       m_sortMenu(QStringLiteral("sort_order_menu"), QStringLiteral("sortOrder"), QStringLiteral("Sort")),
       m_shake(platform.shakeSource, platform.mainQueue, [this] { shaken(); }),
       m_sortOrder(storedSortOrder(singletons.userDefaults)),
@@ -122,15 +122,17 @@ void PracticeListViewModel::refresh() {
 
 void PracticeListViewModel::rebuildExerciseRows() {
     m_historyIndex.update();
-    const std::optional<Date> since =
-        cutoff(m_sortOrderTimeRange, m_platform.clock.now(), m_platform.calendar);
+    const std::optional<Date> since = cutoff(m_sortOrderTimeRange, m_platform.clock.now(), m_platform.calendar);
     EarlierRows earlierRows(m_exercises.unfilteredRows());
     QList<ExercisesSection::Row> rows;
     const QList<Exercise>& items = m_singletons.exercises.items();
     rows.reserve(items.size());
     for (const Exercise& exercise : items) {
-        ExercisesSection::Row row{exercise, m_historyIndex.lastPracticedDate(exercise.name),
-                                  m_historyIndex.practiceTime(exercise.name, since), {}, {}};
+        ExercisesSection::Row row{exercise,
+                                  m_historyIndex.lastPracticedDate(exercise.name),
+                                  m_historyIndex.practiceTime(exercise.name, since),
+                                  {},
+                                  {}};
         const ExercisesSection::Row* const earlier = earlierRows.find(exercise, rows.size());
         if (earlier != nullptr && earlier->lastPracticedDate == row.lastPracticedDate)
             row.formattedLastPracticedDate = earlier->formattedLastPracticedDate;
@@ -441,9 +443,10 @@ void PracticeListViewModel::shaken() {
 }
 
 QString PracticeListViewModel::reviewText() const {
-    return m_reviewPageIsMissing ? QStringLiteral("No software centre answered on this device. Thank you for the thought!")
-                                 : QStringLiteral("You have spent hours with Tamsel. If it serves you well, a review "
-                                                  "helps other musicians find it.");
+    return m_reviewPageIsMissing
+               ? QStringLiteral("No software centre answered on this device. Thank you for the thought!")
+               : QStringLiteral("You have spent hours with Tamsel. If it serves you well, a review "
+                                "helps other musicians find it.");
 }
 
 QUrl PracticeListViewModel::reviewPage() const {

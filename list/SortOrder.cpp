@@ -20,8 +20,7 @@ SortOrder storedSortOrder(const SettingsStore& store) {
     const auto data = store.data(keys::sortOrder);
     if (!data)
         return SortOrder::name;
-    const auto index =
-        json::decodeCase(*data, {nameCase, practiceRecencyCase, practiceTimeCase}, keys::sortOrder);
+    const auto index = json::decodeCase(*data, {nameCase, practiceRecencyCase, practiceTimeCase}, keys::sortOrder);
     return index ? static_cast<SortOrder>(*index) : SortOrder::name;
 }
 

@@ -106,12 +106,13 @@ TEST_F(ScreensTest, TheListIsWorkedByKeyboard) {
     EXPECT_FALSE(ui.list().metronomeViewModel()->isPlaying());
 
     QStringList visited;
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < 7; ++i) {
         ui.press(Qt::Key_Down);
         visited.append(ui.window().activeFocusItem()->objectName());
     }
     EXPECT_EQ(visited.join(QLatin1Char(' ')),
-              QStringLiteral("add_item_button daily_log_header daily_log_row_0 exercises_header exercise_row_0"));
+              QStringLiteral("sort_order_menu add_item_button search_field daily_log_header daily_log_row_0 "
+                             "exercises_header exercise_row_0"));
     ui.press(Qt::Key_Return);
     ASSERT_NE(ui.practice(), nullptr);
     EXPECT_EQ(ui.practice()->exerciseName(), QStringLiteral("Arpeggios"));
@@ -126,8 +127,8 @@ TEST_F(ScreensTest, ArrowsRunThroughALongListAndBack) {
         names.append(QStringLiteral("Study %1").arg(i));
     ui.addExercises(names);
     ui.open({360, 640});
-    ui.press(Qt::Key_Down); // the add button
-    ui.press(Qt::Key_Down); // the section's title
+    for (int i = 0; i < 4; ++i)
+        ui.press(Qt::Key_Down); // the sort and add buttons, the search, the section's title
     for (int i = 0; i < 60; ++i)
         ui.press(Qt::Key_Down);
     EXPECT_EQ(ui.window().activeFocusItem()->objectName().toStdString(), "exercise_row_59");

@@ -51,6 +51,7 @@ Column {
     PillButton {
         objectName: empty.actionIdentifier
         anchors.horizontalCenter: parent.horizontalCenter
+        width: Math.min(implicitWidth, parent.width)
         visible: empty.actionText !== ""
         look: PillButton.Prominent
         text: empty.actionText

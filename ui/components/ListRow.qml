@@ -6,7 +6,8 @@ import Tamsel.Ui
 
 // One row of a section's card: a name, a line of detail below it and a text at the end. The card itself is drawn by the
 // section; all but the last row draw the line that parts them from the next. With `actions`, a swipe uncovers them, and
-// a long press, a right click, Shift+Enter or the menu key asks for them; Delete chooses the last of them.
+// a long press, Shift+Enter or the menu key asks for them; Delete chooses the last of them. A right click is for whoever
+// shows the rows: in here it would count as a tap.
 // Based on a template of its own because a screen reader takes the role from the template, whatever is said here.
 T.SwipeDelegate {
     id: row
@@ -59,8 +60,9 @@ T.SwipeDelegate {
         id: behind
 
         RowActions {
-            anchors.right: parent.right
-            height: parent.height
+            // Without a parent while it goes.
+            anchors.right: parent ? parent.right : undefined
+            height: row.height
             visible: row.swiped
             actions: row.actions
             onChosen: index => row.choose(index)
@@ -74,15 +76,8 @@ T.SwipeDelegate {
         radius: Theme.fieldRadius
         gap: -3
         hasLongPress: row.hasLongPress
-        // The row would take a right click on something in it for a tap.
         takesRightClick: false
         onLongPressed: row.longPressed()
-    }
-
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        enabled: row.hasLongPress
-        onTapped: row.longPressed()
     }
 
     background: Item {

@@ -18,6 +18,8 @@ Item {
         anchors.rightMargin: Theme.smallSpacing
         anchors.verticalCenter: parent.verticalCenter
         kind: TextLabel.Title
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: Theme.bodySize
         Accessible.role: Accessible.Heading
         Accessible.name: text
     }

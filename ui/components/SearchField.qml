@@ -9,7 +9,7 @@ TextEntry {
     property string value
 
     signal edited(text: string)
-    signal left()
+    signal leaveRequested()
 
     // The same on both sides, for the picture on one and the button on the other, in either direction of reading.
     leftPadding: Theme.mediumSpacing + Theme.icon + Theme.smallSpacing
@@ -21,12 +21,12 @@ TextEntry {
     onTextEdited: edited(text)
     Keys.onEscapePressed: {
         if (value === "")
-            left();
+            leaveRequested();
         else
             edited("");
     }
-    Keys.onReturnPressed: left()
-    Keys.onEnterPressed: left()
+    Keys.onReturnPressed: leaveRequested()
+    Keys.onEnterPressed: leaveRequested()
 
     Binding {
         field.text: field.value

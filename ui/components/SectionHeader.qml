@@ -8,7 +8,7 @@ BaseButton {
     property string iconName
     property bool expanded: true
 
-    implicitHeight: Math.max(Theme.touchTarget, Math.ceil(title.implicitHeight) + Theme.spacing)
+    implicitHeight: Math.max(Theme.touchTarget, Math.ceil(title.height) + Theme.spacing)
     focusRadius: Theme.fieldRadius
     focusGap: 0
     Accessible.description: expanded ? "expanded" : "collapsed"
@@ -38,6 +38,8 @@ BaseButton {
             anchors.right: chevron.left
             anchors.rightMargin: Theme.smallSpacing
             anchors.verticalCenter: parent.verticalCenter
+            wrapMode: Theme.textScale > 1.3 ? Text.Wrap : Text.NoWrap
+            maximumLineCount: 2
             kind: TextLabel.SecondaryStrong
             text: header.text
             Accessible.ignored: true

@@ -9,7 +9,7 @@ Item {
 
     signal undone()
 
-    implicitHeight: Math.max(Theme.touchTarget, Math.ceil(words.implicitHeight)) + 2 * Theme.tightSpacing
+    implicitHeight: Math.max(Theme.touchTarget, Math.ceil(words.height)) + 2 * Theme.tightSpacing
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text
 
@@ -27,6 +27,8 @@ Item {
         anchors.right: button.left
         anchors.rightMargin: Theme.tightSpacing
         anchors.verticalCenter: parent.verticalCenter
+        wrapMode: Theme.textScale > 1.3 ? Text.Wrap : Text.NoWrap
+        maximumLineCount: 2
         kind: TextLabel.Secondary
         color: Theme.undoInk
         text: bar.text

@@ -22,14 +22,20 @@ Item {
     readonly property Item lastStop: currentRow !== null ? currentRow : title
     // Where Backtab leads from the title.
     property Item above: null
+    // Where Tab leads from the title while there is no row.
+    property Item below: null
 
     // The keyboard went to what lies between these two, counted from the top of this.
     signal uncover(top: real, bottom: real)
     signal rowSwiped(row: ListRow)
+    // Up or Down was pressed where no row of the archive lies that way. The list above would move among its items.
+    signal stepped(forward: bool)
 
     readonly property real cardTop: Theme.mediumSpacing + title.height
 
     visible: list.archivedItemsCount > 0
+    Keys.onDownPressed: stepped(true)
+    Keys.onUpPressed: stepped(false)
     implicitHeight: visible ? cardTop + (rows.count > 0 ? rows.contentHeight + Theme.tightSpacing : 0) : 0
 
     SectionHeader {
@@ -43,7 +49,7 @@ Item {
         text: footer.list.archiveTitle
         iconName: "archiveBox"
         KeyNavigation.backtab: footer.above
-        KeyNavigation.tab: footer.currentRow
+        KeyNavigation.tab: footer.currentRow !== null ? footer.currentRow : footer.below
         onActiveFocusChanged: {
             if (activeFocus)
                 footer.uncover(y, y + height);
@@ -76,6 +82,7 @@ Item {
         height: footer.viewHeight
         visible: count > 0
         interactive: false
+        keyNavigationEnabled: true
         model: title.expanded && footer.visible ? footer.list.archiveRows : null
         reuseItems: true
         currentIndex: 0

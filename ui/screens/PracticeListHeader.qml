@@ -33,11 +33,19 @@ Item {
         bottomPadding: Theme.tightSpacing
 
         OnDemand {
+            id: review
+
             width: parent.width
             visible: wanted
             wanted: header.list.reviewCardIsPresented
             file: Qt.resolvedUrl("ReviewCard.qml")
             given: ({"list": header.list})
+        }
+
+        Item {
+            width: 1
+            height: Theme.mediumSpacing
+            visible: review.visible
         }
 
         SectionHeader {

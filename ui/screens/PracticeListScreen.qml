@@ -39,6 +39,22 @@ FocusScope {
             next.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    // The row below this item that lies under the point; null if there is none.
+    function rowAt(item: Item, x: real, y: real): ListRow {
+        for (let i = 0; i < item.children.length; ++i) {
+            const child = item.children[i];
+            const there = item.mapToItem(child, x, y);
+            let row = null;
+            if (child.visible && child instanceof ListRow)
+                row = child.contains(there) ? child as ListRow : null;
+            else if (child.visible)
+                row = rowAt(child, there.x, there.y);
+            if (row)
+                return row;
+        }
+        return null;
+    }
+
     function swiped(row: ListRow) {
         if (swipedRow !== null && swipedRow !== row)
             swipedRow.swipe.close();
@@ -146,7 +162,7 @@ FocusScope {
         visible: !screen.list.isEmpty
         value: screen.list.searchBarText
         onEdited: text => screen.list.searchBarText = text
-        onLeft: rest.forceActiveFocus(Qt.OtherFocusReason)
+        onLeaveRequested: rest.forceActiveFocus(Qt.OtherFocusReason)
     }
 
     ListView {
@@ -214,6 +230,8 @@ FocusScope {
             scrolledAway: -y
             viewHeight: items.height
             above: items.currentItem
+            below: bar.firstButton
+            onStepped: forward => screen.moveFocus(forward)
             onRowSwiped: row => screen.swiped(row)
             onUncover: (top, bottom) => {
                 const above = y + top;
@@ -261,22 +279,52 @@ FocusScope {
         }
     }
 
-    OnDemand {
-        anchors.centerIn: items
-        width: Math.min(screen.columnWidth, 320)
-        visible: wanted
-        wanted: screen.list.isEmpty
-        file: Qt.resolvedUrl("EmptyPracticeList.qml")
-        given: ({"list": screen.list})
+    // Asks for a row's menu. Rows take a click on anything in them for a tap; hence from above them all.
+    MouseArea {
+        anchors.fill: items
+        enabled: items.visible
+        acceptedButtons: Qt.RightButton
+        onClicked: event => {
+            const row = screen.rowAt(items, event.x, event.y);
+            if (row)
+                row.longPressed();
+        }
     }
 
-    OnDemand {
-        anchors.centerIn: items
-        width: Math.min(screen.columnWidth, 320)
-        visible: wanted
-        wanted: screen.list.nothingIsFound
-        file: Qt.resolvedUrl("NothingFound.qml")
-        given: ({"list": screen.list})
+    Flickable {
+        id: instead
+
+        anchors.fill: items
+        visible: screen.list.isEmpty || screen.list.nothingIsFound
+        contentHeight: Math.max(height, empty.height, nothing.height)
+        boundsBehavior: Flickable.StopAtBounds
+        clip: contentHeight > height
+
+        OnDemand {
+            id: empty
+
+            x: Math.round((parent.width - width) / 2)
+            y: Math.round((instead.contentHeight - height) / 2)
+            width: Math.min(screen.columnWidth, 320)
+            height: visible && item !== null ? item.implicitHeight : 0
+            visible: wanted
+            wanted: screen.list.isEmpty
+            file: Qt.resolvedUrl("EmptyPracticeList.qml")
+            given: ({"list": screen.list})
+        }
+
+        OnDemand {
+            id: nothing
+
+            x: empty.x
+            y: Math.round((instead.contentHeight - height) / 2)
+            width: empty.width
+            height: visible && item !== null ? item.implicitHeight : 0
+            visible: wanted
+            wanted: screen.list.nothingIsFound
+            file: Qt.resolvedUrl("NothingFound.qml")
+            given: ({"list": screen.list})
+        }
     }
 
     EdgeFade {
