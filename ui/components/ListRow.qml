@@ -21,6 +21,8 @@ T.SwipeDelegate {
     property bool hasLongPress: actions.length > 0
 
     readonly property bool swiped: swipe.position !== 0
+    // It lay aside when it was last pressed.
+    property bool wasSwiped: false
 
     // A tap, Enter or Space. One on a row that is swiped aside only brings it back.
     signal opened()
@@ -42,7 +44,13 @@ T.SwipeDelegate {
     swipe.enabled: actions.length > 0
     swipe.right: mirrored || actions.length === 0 ? null : behind
     swipe.left: mirrored && actions.length > 0 ? behind : null
+    onPressed: wasSwiped = swiped
     onClicked: swiped ? swipe.close() : opened()
+    // That is what comes of a tap on a row that lies aside.
+    onCanceled: {
+        if (wasSwiped)
+            swipe.close();
+    }
     // It may come to show something else.
     onTextChanged: swipe.close()
     Keys.forwardTo: [behavior]

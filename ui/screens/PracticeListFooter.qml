@@ -19,7 +19,7 @@ Item {
     readonly property Item firstTitle: title
     // Where the arrows are within the archive; null while it has no row to show.
     readonly property Item currentRow: rows.count > 0 ? rows.currentItem : null
-    readonly property Item lastStop: currentRow !== null ? currentRow : title
+    readonly property Item lastStop: currentRow !== null ? currentRow : firstTitle
     // Where Backtab leads from the title.
     property Item above: null
     // Where Tab leads from the title while there is no row.

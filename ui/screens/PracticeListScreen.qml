@@ -109,13 +109,13 @@ FocusScope {
 
     Shortcut {
         enabled: screen.visible && search.visible
-        sequences: [StandardKey.Find]
+        sequence: "Ctrl+F"
         onActivated: search.forceActiveFocus(Qt.ShortcutFocusReason)
     }
 
     Shortcut {
         enabled: screen.visible && !search.activeFocus
-        sequences: [StandardKey.Undo]
+        sequence: "Ctrl+Z"
         onActivated: screen.list.undo()
     }
 
@@ -306,7 +306,7 @@ FocusScope {
             x: Math.round((parent.width - width) / 2)
             y: Math.round((instead.contentHeight - height) / 2)
             width: Math.min(screen.columnWidth, 320)
-            height: visible && item !== null ? item.implicitHeight : 0
+            height: visible ? implicitHeight : 0
             visible: wanted
             wanted: screen.list.isEmpty
             file: Qt.resolvedUrl("EmptyPracticeList.qml")
@@ -319,7 +319,7 @@ FocusScope {
             x: empty.x
             y: Math.round((instead.contentHeight - height) / 2)
             width: empty.width
-            height: visible && item !== null ? item.implicitHeight : 0
+            height: visible ? implicitHeight : 0
             visible: wanted
             wanted: screen.list.nothingIsFound
             file: Qt.resolvedUrl("NothingFound.qml")
