@@ -17,16 +17,6 @@ constexpr std::chrono::seconds undoTime{7};
 // The component of the app in the catalogue of software centres.
 const QString catalogueIdentifier = QStringLiteral("app.tamsel.Tamsel");
 
-// Whole minutes as "35m", "1h", "1h 5m".
-QString totalMinutesText(qint64 minutes) {
-    constexpr qint64 minutesPerHour = 60;
-    const qint64 hours = minutes / minutesPerHour;
-    const qint64 rest = minutes % minutesPerHour;
-    if (hours == 0)
-        return QStringLiteral("%1m").arg(rest);
-    return rest == 0 ? QStringLiteral("%1h").arg(hours) : QStringLiteral("%1h %2m").arg(hours).arg(rest);
-}
-
 // The first moment that belongs to the range; nothing where all belongs to it.
 std::optional<Date> cutoff(TimeRange range, Date now, const Calendar& calendar) {
     constexpr int monthsInYear = 12;
@@ -141,7 +131,7 @@ void PracticeListViewModel::rebuildExerciseRows() {
         if (earlier != nullptr && earlier->recentTotalPracticeTime == row.recentTotalPracticeTime)
             row.formattedPracticeTime = earlier->formattedPracticeTime;
         else if (row.recentTotalPracticeTime > 0)
-            row.formattedPracticeTime = totalMinutesText(row.recentTotalPracticeTime);
+            row.formattedPracticeTime = practiceTimeText(row.recentTotalPracticeTime);
         rows += std::move(row);
     }
     m_exercises.setUnfilteredRows(std::move(rows));
