@@ -8,7 +8,8 @@ Singletons::Singletons(SettingsStore& settingsStore, const Platform& platform, A
                        AudioSession& audioSession)
     : dailyLog(settingsStore, platform.clock, platform.calendar), exercises(settingsStore, platform.uuids),
       history(dailyLog, settingsStore, platform.clock, platform.calendar, platform.mainQueue, platform.uuids),
-      metronome(audioOutput, audioSession), notes(settingsStore), userDefaults(settingsStore) {
+      metronome(audioOutput, audioSession), notes(settingsStore), runningPractice(settingsStore, platform.clock),
+      userDefaults(settingsStore) {
     migrateLegacySettings(settingsStore, exercises.items() + exercises.archivedItems());
 }
 

@@ -4,9 +4,11 @@
 #include "metronome/AudioSession.h"
 #include "metronome/Metronome.h"
 #include "model/DailyLog.h"
+#include "model/DataStores.h"
 #include "model/Exercises.h"
 #include "model/History.h"
 #include "model/Notes.h"
+#include "model/RunningPractice.h"
 #include "model/SettingsStore.h"
 #include "platform/Platform.h"
 
@@ -23,11 +25,15 @@ public:
     Singletons(const Singletons&) = delete;
     Singletons& operator=(const Singletons&) = delete;
 
+    // Those that an import or a backup replaces.
+    DataStores dataStores() { return {userDefaults, exercises, history, notes}; }
+
     DailyLog dailyLog;
     Exercises exercises;
     History history;
     Metronome metronome;
     Notes notes;
+    RunningPractice runningPractice;
     SettingsStore& userDefaults;
 };
 

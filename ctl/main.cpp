@@ -1,5 +1,6 @@
 #include "ctl/ClickCommand.h"
 #include "ctl/Command.h"
+#include "ctl/DataCommands.h"
 #include "ctl/ReportCommand.h"
 #include "platform/Log.h"
 
@@ -14,6 +15,11 @@ namespace tamsel::ctl {
 namespace {
 
 constexpr std::array commands = {
+    Command{"export", "write all data as one document", exportData},
+    Command{"import", "replace all data by that of a document", importData},
+    Command{"check", "look through a document or a backup", check},
+    Command{"backups", "list the backups", listBackups},
+    Command{"restore", "replace all data by that of a backup", restore},
     Command{"click", "write what the metronome would play as a WAV file", click},
     Command{"report", "show what was practised: days, months, items", report},
 };

@@ -21,17 +21,21 @@ QString reason(const char* failing, int error) {
 }
 
 // The error number; 0 when the folder is there.
-int make(const QString& path) {
+int makeOne(const QString& path) {
     if (::mkdir(QFile::encodeName(path).constData(), ownerOnly) == 0)
         return 0;
     const int error = errno;
-    if (error == EEXIST)
-        return QFileInfo(path).isDir() ? 0 : ENOTDIR;
+    return error != EEXIST ? error : QFileInfo(path).isDir() ? 0 : ENOTDIR;
+}
+
+int make(const QString& path) {
+    const int error = makeOne(path);
     const QString parent = QFileInfo(path).path();
-    if (error != ENOENT || parent == path)
+    // Some places, such as /proc, say this of every new name, though the folder above is there.
+    if (error != ENOENT || QFileInfo(parent).isDir())
         return error;
     const int parentError = make(parent);
-    return parentError == 0 ? make(path) : parentError;
+    return parentError == 0 ? makeOne(path) : parentError;
 }
 
 int sync(const QString& path) {

@@ -1,5 +1,6 @@
 #include "model/Exercises.h"
 
+#include "model/DataDump.h"
 #include "model/Json.h"
 #include "model/SetAside.h"
 #include "model/SettingsKeys.h"
@@ -34,12 +35,16 @@ bool renameIn(QList<Exercise>& exercises, const QUuid& id, const QString& name) 
 } // namespace
 
 Exercises::Exercises(SettingsStore& userDefaults, UuidSource& uuids) : m_userDefaults(userDefaults), m_uuids(uuids) {
-    auto archive = readDocument<QList<Exercise>>(userDefaults, keys::archivedExercises);
+    load();
+}
+
+void Exercises::load() {
+    auto archive = readDocument<QList<Exercise>>(m_userDefaults, keys::archivedExercises);
     if (archive.isUnreadable())
-        setAside(userDefaults, keys::archivedExercises);
+        setAside(m_userDefaults, keys::archivedExercises);
     m_archivedItems = std::move(archive.value).value_or(QList<Exercise>());
 
-    auto active = readDocument<QList<Exercise>>(userDefaults, keys::exercises);
+    auto active = readDocument<QList<Exercise>>(m_userDefaults, keys::exercises);
     if (active.isAbsent()) {
         m_items = {{QStringLiteral("Untitled practice"), m_uuids.next()}};
         // Saved, so that what is kept under its identity from now on still belongs to it after a restart.
@@ -48,9 +53,23 @@ Exercises::Exercises(SettingsStore& userDefaults, UuidSource& uuids) : m_userDef
     }
     if (active.isUnreadable()) {
         log(active.problem);
-        setAside(userDefaults, keys::exercises);
+        setAside(m_userDefaults, keys::exercises);
     }
     m_items = std::move(active.value).value_or(QList<Exercise>());
+}
+
+void Exercises::reload() {
+    load();
+    m_archivedItemsChanged.notify();
+    m_itemsChanged.notify();
+}
+
+void Exercises::replace(const DataDump& dump) {
+    // Together, so that no item is lost or in both lists.
+    m_userDefaults.atomically([&] {
+        setArchivedItems(dump.allArchivedExercises);
+        setItems(dump.allExercises);
+    });
 }
 
 void Exercises::setItems(QList<Exercise> items) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/DataReplacing.h"
 #include "model/Exercise.h"
 #include "model/SettingsStore.h"
 #include "platform/Observable.h"
@@ -13,7 +14,7 @@ namespace tamsel {
 
 // The one store of practice items: the active list, in the user's order, and the archive. Main thread only.
 // Every change to either list is saved and published before the call returns.
-class Exercises {
+class Exercises final : public DataReplacing {
 public:
     // Loads the archive, then the active items. A fresh store gets the one item "Untitled practice", which is saved so
     // that it keeps its identity. Data that does not decode counts as an empty list; a copy of it is set aside first.
@@ -43,7 +44,11 @@ public:
     // Moves the active item at one position to another.
     void move(qsizetype from, qsizetype to);
 
+    void replace(const DataDump& dump) override;
+    void reload() override;
+
 private:
+    void load();
     void saveItems() const;
     void saveArchivedItems() const;
 

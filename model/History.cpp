@@ -1,5 +1,6 @@
 #include "model/History.h"
 
+#include "model/DataDump.h"
 #include "model/EventCutoff.h"
 #include "model/EventGroups.h"
 #include "model/Json.h"
@@ -34,21 +35,38 @@ History::History(DailyLog& dailyLog, SettingsStore& userDefaults, const Clock& c
                  Queue& mainQueue, UuidSource& uuids, WorkQueue queue)
     : m_dailyLog(dailyLog), m_userDefaults(userDefaults), m_clock(clock), m_calendar(calendar), m_mainQueue(mainQueue),
       m_uuids(uuids), m_queue(std::move(queue)) {
-    auto stored = readDocument<QList<HistoryEvent>>(userDefaults, keys::historyEvents);
+    load();
+}
+
+void History::load() {
+    auto stored = readDocument<QList<HistoryEvent>>(m_userDefaults, keys::historyEvents);
     if (stored.isUnreadable()) {
-        log(QStringLiteral("The history in %1 cannot be read: %2").arg(userDefaults.location(), stored.problem));
+        log(QStringLiteral("The history in %1 cannot be read: %2").arg(m_userDefaults.location(), stored.problem));
         fatalError({});
     }
-    if (stored.lastByte == ']')
-        m_extendableBytes = stored.size;
+    m_extendableBytes = stored.lastByte == ']' ? std::optional(stored.size) : std::nullopt;
     m_events = std::move(stored.value).value_or(QList<HistoryEvent>());
 }
 
 History::~History() {
     // Its work ends here. What it had left is done now, so that no rename is lost with the program.
     m_queue.reset();
-    for (const Rename& rename : std::as_const(m_renames))
+    finishRenames();
+}
+
+void History::finishRenames() {
+    for (const Rename& rename : std::exchange(m_renames, {}))
         takeOver(rename, renamed(m_events, 0, rename.oldName, rename.newName));
+}
+
+void History::replace(const DataDump& dump) {
+    setEvents(dump.allHistory);
+}
+
+void History::reload() {
+    load();
+    ++m_generation;
+    m_eventsChanged.notify();
 }
 
 void History::setEvents(QList<HistoryEvent> events) {
@@ -103,6 +121,12 @@ void History::rebuild(const Rename& rename, std::function<void()> completion) {
         if (!history)
             return;
         History& store = **history;
+        if (!store.m_renames.contains(rename)) {
+            // Finished meanwhile.
+            if (completion)
+                completion();
+            return;
+        }
         if (store.m_generation != generation) {
             // The list was replaced meanwhile: what was computed is about another list.
             store.rebuild(rename, std::move(completion));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/DailyLog.h"
+#include "model/DataReplacing.h"
 #include "model/DayOfEvents.h"
 #include "model/Exercise.h"
 #include "model/HistoryEvent.h"
@@ -24,7 +25,7 @@ namespace tamsel {
 
 // Every event ever recorded, in the order of recording: the journal that the reports read. Main thread, except that a
 // rename does its work on a queue of its own. Every change is saved and published before the call returns.
-class History {
+class History final : public DataReplacing {
 public:
     using WorkQueue = std::unique_ptr<Queue>;
 
@@ -32,7 +33,7 @@ public:
     // file and the place: history is never silently discarded, and its bytes stay as they are.
     History(DailyLog& dailyLog, SettingsStore& userDefaults, const Clock& clock, const Calendar& calendar,
             Queue& mainQueue, UuidSource& uuids, WorkQueue queue = std::make_unique<SerialQueue>("History"));
-    ~History();
+    ~History() override;
 
     const QList<HistoryEvent>& events() const { return m_events; }
     Observable& eventsChanged() { return m_eventsChanged; }
@@ -48,6 +49,11 @@ public:
     // Gives the events named `oldName` the new name. Their counts are dropped and their identifiers fresh, which is
     // deliberate. Publishes and saves on the main queue, then calls the completion there.
     void renameExercise(const QString& oldName, const QString& newName, std::function<void()> completion = {});
+    // Does at once what renames have left to do; their completions still come on the main queue.
+    void finishRenames();
+
+    void replace(const DataDump& dump) override;
+    void reload() override;
 
     // The last so many days, today first, each with its events (those of the exercise, where one is given) in the order
     // of recording. Days are counted in steps of 86,400 seconds: where the clocks change, a day may come twice or be
@@ -67,6 +73,7 @@ private:
         bool operator==(const Rename&) const = default;
     };
 
+    void load();
     // Starts the work of a rename on the queue.
     void rebuild(const Rename& rename, std::function<void()> completion);
     // Takes the list that a rename gives, with fresh identifiers for the renamed events.

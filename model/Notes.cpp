@@ -1,6 +1,8 @@
 #include "model/Notes.h"
 
+#include "model/DataDump.h"
 #include "model/Json.h"
+#include "model/KeysWithPrefix.h"
 #include "model/SetAside.h"
 #include "model/SettingsKeys.h"
 #include "model/StoredDocument.h"
@@ -50,6 +52,15 @@ void Notes::update(const Note& note, const Exercise& exercise) {
             each = note;
     }
     save(*present, exercise);
+}
+
+void Notes::replace(const DataDump& dump) {
+    m_userDefaults->atomically([&] {
+        for (const QString& key : keysWithPrefix(*m_userDefaults, keys::notesPrefix))
+            m_userDefaults->remove(key);
+        for (const auto& [exercise, notes] : dump.allNotes)
+            save(notes, exercise);
+    });
 }
 
 void Notes::save(const QList<Note>& notes, const Exercise& exercise) {

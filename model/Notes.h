@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/DataReplacing.h"
 #include "model/Exercise.h"
 #include "model/Note.h"
 #include "model/SettingsStore.h"
@@ -12,7 +13,7 @@ namespace tamsel {
 
 // The dated texts of each item. A small value that holds only the settings store; every operation reads and writes
 // there. Main thread only.
-class Notes {
+class Notes final : public DataReplacing {
 public:
     explicit Notes(SettingsStore& userDefaults) : m_userDefaults(&userDefaults) {}
 
@@ -27,6 +28,10 @@ public:
     void remove(const Note& note, const Exercise& exercise);
     // Replaces the note of this identity. Stops the program when the item has no notes.
     void update(const Note& note, const Exercise& exercise);
+
+    void replace(const DataDump& dump) override;
+    // They are read from the settings store each time.
+    void reload() override {}
 
 private:
     void save(const QList<Note>& notes, const Exercise& exercise);

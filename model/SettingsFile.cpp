@@ -88,6 +88,17 @@ bool SettingsFile::open(const QString& path) {
     return m_statements->arePrepared();
 }
 
+bool SettingsFile::openCopy(const QString& path) {
+    if (!openSettingsCopy(m_database, path))
+        return false;
+    m_statements = std::make_unique<Statements>(m_database);
+    return m_statements->arePrepared();
+}
+
+bool SettingsFile::isSound() {
+    return tamsel::isSound(m_database);
+}
+
 bool SettingsFile::read(const QString& key, std::optional<SettingsValue>& value) {
     const QByteArray utf8 = key.toUtf8();
     SqliteStatement& row = m_statements->findEntry;

@@ -19,6 +19,11 @@ public:
 
     // Makes the file where there is none; its folder must exist. To be called once, before everything else.
     [[nodiscard]] bool open(const QString& path);
+    // Instead of it: for reading a copy that nobody is changing. Looks through the whole file, which stays untouched.
+    [[nodiscard]] bool openCopy(const QString& path);
+
+    // Whether every page of it is in order.
+    [[nodiscard]] bool isSound();
 
     [[nodiscard]] bool read(const QString& key, std::optional<SettingsValue>& value);
     [[nodiscard]] bool readAll(QMap<QString, SettingsValue>& values);

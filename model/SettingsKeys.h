@@ -19,6 +19,8 @@ inline const QString hasReadThanksMessageAug5 = QStringLiteral("hasReadThanksMes
 inline const QString hasReadJul15Message = QStringLiteral("hasReadJul15Message");
 inline const QString dateOfLastReviewRequest = QStringLiteral("dateOfLastReviewRequest");
 inline const QString numberOfPromptsForReview = QStringLiteral("numberOfPromptsForReview");
+inline const QString runningPractice = QStringLiteral("practice.running");
+inline const QString backupFolder = QStringLiteral("backups.folder");
 inline const QString didMigrateLegacySettings = QStringLiteral("didMigrateLegacySettings");
 
 // The canonical text of an identifier: 36 characters, upper-case, hyphenated.
@@ -26,12 +28,15 @@ inline QString uuidText(const QUuid& id) {
     return id.toString(QUuid::WithoutBraces).toUpper();
 }
 
+inline const QString notesPrefix = QStringLiteral("notes.");
+inline const QString settingsPrefix = QStringLiteral("Settings.");
+
 inline QString notes(const Exercise& exercise) {
-    return QStringLiteral("notes.") + uuidText(exercise.id);
+    return notesPrefix + uuidText(exercise.id);
 }
 
 inline QString settings(const QUuid& exerciseId) {
-    return QStringLiteral("Settings.") + uuidText(exerciseId);
+    return settingsPrefix + uuidText(exerciseId);
 }
 
 // One setting each, as plain values, from before a whole record was kept for an item. The item's identifier followed by

@@ -123,4 +123,19 @@ bool openSettingsDatabase(SqliteDatabase& database, const QString& path) {
     return true;
 }
 
+bool isSound(SqliteDatabase& database) {
+    const auto finding = database.text("PRAGMA quick_check(1)");
+    return finding && (*finding == QLatin1String("ok") || database.fail(finding->simplified()));
+}
+
+bool openSettingsCopy(SqliteDatabase& database, const QString& path) {
+    bool fresh = false;
+    if (!database.openForReading(path) || !database.execute("PRAGMA cell_size_check = ON") ||
+        !recognise(database, fresh))
+        return false;
+    if (fresh)
+        return database.fail(QStringLiteral("it is empty"));
+    return isWhole(database, path) && isSound(database);
+}
+
 } // namespace tamsel

@@ -28,4 +28,10 @@ constexpr qint64 chunkRow(qint64 entry, qint64 number) {
 // a newer format, or damaged is left as it is. False on failure; `database.error()` then tells why.
 [[nodiscard]] bool openSettingsDatabase(SqliteDatabase& database, const QString& path);
 
+// Whether every page is in order; says why not.
+[[nodiscard]] bool isSound(SqliteDatabase& database);
+
+// Opens a copy of a settings file, looks through all of its pages, and leaves it untouched.
+[[nodiscard]] bool openSettingsCopy(SqliteDatabase& database, const QString& path);
+
 } // namespace tamsel

@@ -31,6 +31,12 @@ bool SqliteDatabase::open(const QString& path) {
     return true;
 }
 
+bool SqliteDatabase::openForReading(const QString& path) {
+    constexpr int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    const QByteArray name = "file:" + QFile::encodeName(path).toPercentEncoding("/") + "?immutable=1";
+    return sqlite3_open_v2(name.constData(), &m_connection, flags, nullptr) == SQLITE_OK || fail();
+}
+
 void SqliteDatabase::checkpointOnClose() {
     sqlite3_db_config(m_connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
 }

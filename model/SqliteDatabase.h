@@ -22,6 +22,8 @@ public:
     // Opens the file for reading and writing; makes an empty one where there is none. Closing leaves a write-ahead log
     // as it is until `checkpointOnClose`: a file that turns out not to be ours must not be touched.
     [[nodiscard]] bool open(const QString& path);
+    // Opens a file that nobody is changing, such as a copy, and leaves it and its folder untouched whatever is done.
+    [[nodiscard]] bool openForReading(const QString& path);
     void checkpointOnClose();
 
     // Runs statements, dropping any rows.

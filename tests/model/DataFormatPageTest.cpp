@@ -1,3 +1,4 @@
+#include "model/DataDump.h"
 #include "model/Json.h"
 #include "model/SettingsKeys.h"
 #include "model/SettingsSchema.h"
@@ -37,14 +38,16 @@ void expectIsWrittenSo(const QString& example) {
 
 TEST(DataFormatPageTest, ExampleDocumentsAreWhatTamselWrites) {
     const QStringList examples = blocks(QStringLiteral("json"));
-    ASSERT_EQ(examples.size(), 7);
+    ASSERT_EQ(examples.size(), 9);
     expectIsWrittenSo<QList<Exercise>>(examples.at(0));
     expectIsWrittenSo<QList<PracticeSession>>(examples.at(1));
-    expectIsWrittenSo<QList<HistoryEvent>>(examples.at(2));
-    expectIsWrittenSo<QList<Note>>(examples.at(3));
-    expectIsWrittenSo<ExerciseSettings>(examples.at(4));
-    expectIsWrittenSo<qint64>(examples.at(5));
-    EXPECT_EQ(examples.at(6).toUtf8(), json::encodeCase(QLatin1String("practiceRecency")));
+    expectIsWrittenSo<QList<PracticeSession>>(examples.at(2));
+    expectIsWrittenSo<QList<HistoryEvent>>(examples.at(3));
+    expectIsWrittenSo<QList<Note>>(examples.at(4));
+    expectIsWrittenSo<ExerciseSettings>(examples.at(5));
+    expectIsWrittenSo<qint64>(examples.at(6));
+    expectIsWrittenSo<DataDump>(examples.at(8));
+    EXPECT_EQ(examples.at(7).toUtf8(), json::encodeCase(QLatin1String("practiceRecency")));
 }
 
 TEST(DataFormatPageTest, EveryKeyIsNamed) {
@@ -61,7 +64,9 @@ TEST(DataFormatPageTest, EveryKeyIsNamed) {
                                           keys::hasReadThanksMessageAug5,
                                           keys::hasReadJul15Message,
                                           keys::dateOfLastReviewRequest,
-                                          keys::numberOfPromptsForReview} +
+                                          keys::numberOfPromptsForReview,
+                                          keys::runningPractice,
+                                          keys::backupFolder} +
                               keys::legacy::suffixes;
     for (const QString& name : names)
         EXPECT_TRUE(text.contains(QStringLiteral("`%1`").arg(name))) << name.toStdString();

@@ -1,0 +1,31 @@
+#include "model/DataDump.h"
+
+#include "model/DataFile.h"
+#include "model/JsonCoding.h"
+
+namespace tamsel {
+
+template <>
+struct json::Fields<DataDump> {
+    static constexpr std::tuple all{
+        Field{"allArchivedExercises", &DataDump::allArchivedExercises},
+        Field{"allExercises", &DataDump::allExercises},
+        Field{"allExerciseSettings", &DataDump::allExerciseSettings},
+        Field{"allHistory", &DataDump::allHistory},
+        Field{"allNotes", &DataDump::allNotes},
+    };
+};
+
+template bool json::append(QByteArray&, const DataDump&);
+template std::optional<QByteArray> json::encode(const DataDump&);
+template json::Result<DataDump> json::decode(QByteArray, QStringView);
+
+std::optional<DataDump> readDataDump(const QString& path) {
+    auto bytes = datafile::read(path);
+    if (!bytes)
+        return std::nullopt;
+    auto dump = json::decode<DataDump>(*std::move(bytes));
+    return dump ? std::optional(*std::move(dump)) : std::nullopt;
+}
+
+} // namespace tamsel
