@@ -1,19 +1,8 @@
-#include "model/SqliteDatabase.h"
-#include "model/SqliteSettingsStore.h"
-#include "model/SqliteStatement.h"
+#include "bench/Measure.h"
 
 #include <QFile>
-#include <QTemporaryDir>
 
-#include <benchmark/benchmark.h>
-
-#include <algorithm>
-#include <chrono>
-#include <cstdlib>
 #include <cstring>
-#include <functional>
-#include <memory>
-#include <vector>
 
 // What saving and loading a journal of 100 000 events costs on the disk that the current folder lies on. Each benchmark
 // measures its baseline in the same loop, turn by turn, and reports `ratio`, the median of the one over the median of
@@ -21,6 +10,8 @@
 namespace tamsel {
 
 namespace {
+
+using namespace bench;
 
 constexpr qsizetype journalBytes = 17'000'000;
 const QString history = QStringLiteral("history.events");
@@ -34,69 +25,6 @@ QByteArray journal() {
     document.back() = ']';
     return document;
 }
-
-double seconds(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-void measureAgainst(benchmark::State& state, const std::function<void()>& baseline, const std::function<void()>& work) {
-    std::vector<double> baselines;
-    std::vector<double> works;
-    for (auto _ : state) {
-        baselines.push_back(seconds(baseline));
-        works.push_back(seconds(work));
-        state.SetIterationTime(works.back());
-    }
-    constexpr double microseconds = 1e6;
-    state.counters["baseline_us"] = median(baselines) * microseconds;
-    state.counters["median_us"] = median(works) * microseconds;
-    state.counters["ratio"] = median(works) / median(baselines);
-}
-
-// A folder on the disk, not in memory: syncs are what is measured.
-class Folder : public QTemporaryDir {
-public:
-    Folder() : QTemporaryDir(QStringLiteral("bench-XXXXXX")) {}
-};
-
-std::unique_ptr<SqliteSettingsStore> openOrExit(const Folder& folder) {
-    auto opened = SqliteSettingsStore::open(folder.path());
-    if (opened.store == nullptr)
-        std::exit(1);
-    return std::move(opened.store);
-}
-
-void require(bool done) {
-    if (!done)
-        std::exit(1);
-}
-
-// The same kind of database with nothing to it but one table of small rows.
-class SmallRows {
-public:
-    SmallRows() {
-        require(m_database.open(m_folder.filePath(QStringLiteral("rows.sqlite"))));
-        require(m_database.execute("PRAGMA page_size = 32768; PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL;"
-                                   "PRAGMA wal_autocheckpoint = 128;"
-                                   "CREATE TABLE small (id INTEGER PRIMARY KEY, text TEXT)"));
-        m_insert = std::make_unique<SqliteStatement>(m_database, "INSERT INTO small (text) VALUES (?1)");
-    }
-
-    void insert() { require(m_insert->bindText(1, "one small row").run()); }
-
-private:
-    const Folder m_folder;
-    SqliteDatabase m_database;
-    std::unique_ptr<SqliteStatement> m_insert;
-};
 
 // Target: at most 3 times the baseline, one small row made durable.
 void extendJournal(benchmark::State& state) {
