@@ -5,6 +5,7 @@
 #include "list/NavigationStackViewModel.h"
 #include "list/TipProvider.h"
 #include "platform/Platform.h"
+#include "practice/PracticeViewModel.h"
 
 namespace tamsel {
 
@@ -17,6 +18,8 @@ public:
         : m_singletons(singletons), m_platform(platform), m_acceleration(acceleration), m_tipProvider(tipProvider) {}
 
     StackedScreen screen(const destinations::FromPracticeList& destination) const;
+    // `practice` is the screen that it is opened from.
+    StackedScreen screen(const destinations::FromPracticeView& destination, PracticeViewModel& practice) const;
 
     TipProvider* tipProvider() const { return m_tipProvider; }
 

@@ -1,5 +1,7 @@
 #include "list/PracticeNavigationStackViewModel.h"
 
+#include "practice/NotesViewModel.h"
+
 #include <utility>
 
 namespace tamsel {
@@ -34,6 +36,21 @@ void PracticeNavigationStackViewModel::push(const destinations::FromPracticeList
     // Before the next screen is made: it takes charge of the metronome.
     leave();
     replaceAll(m_coordinator.screen(destination));
+    follow(*practiceViewModel());
+}
+
+void PracticeNavigationStackViewModel::follow(PracticeViewModel& practice) {
+    using destinations::FromPracticeView;
+    connect(&practice, &PracticeViewModel::isShowingHistoryChanged, this, [this, &practice] {
+        if (practice.isShowingHistory())
+            NavigationStackViewModel::push(
+                m_coordinator.screen(FromPracticeView::history(practice.exercise()), practice));
+    });
+    connect(&practice, &PracticeViewModel::isShowingNotesChanged, this, [this, &practice] {
+        if (practice.isShowingNotes())
+            NavigationStackViewModel::push(
+                m_coordinator.screen(FromPracticeView::notes(practice.exercise()), practice));
+    });
 }
 
 void PracticeNavigationStackViewModel::push(const destinations::FromPracticeView& destination) {
@@ -52,6 +69,14 @@ void PracticeNavigationStackViewModel::leave() {
 void PracticeNavigationStackViewModel::leaving(QObject& screenModel) {
     if (auto* const practice = qobject_cast<PracticeViewModel*>(&screenModel))
         practice->leave();
+    else if (practiceViewModel() == nullptr)
+        return;
+    else if (auto* const notes = qobject_cast<NotesViewModel*>(&screenModel)) {
+        notes->leave();
+        practiceViewModel()->setIsShowingNotes(false);
+    } else {
+        practiceViewModel()->setIsShowingHistory(false);
+    }
 }
 
 bool PracticeNavigationStackViewModel::closesWithin(QObject& screenModel) {

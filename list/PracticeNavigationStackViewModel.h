@@ -15,7 +15,8 @@
 
 namespace tamsel {
 
-// The practice tab's stack: the list, and at most one practice screen over it. Main thread only.
+// The practice tab's stack: the list, at most one practice screen over it, and over that its notes or its history.
+// Main thread only.
 // The base is named in full because the description of types for QML takes the name as it stands here.
 class PracticeNavigationStackViewModel final : public tamsel::NavigationStackViewModel {
     Q_OBJECT
@@ -43,7 +44,10 @@ public:
     void leave();
 
 private:
-    // What runs on the practice screen is saved. The list's screen tells its model itself that it appears.
+    // Opens what the practice screen asks for.
+    void follow(PracticeViewModel& practice);
+    // What runs on the practice screen is saved, and it hears that its notes or its history are left. The list's screen
+    // tells its model itself that it appears.
     void leaving(QObject& screenModel) override;
     // The notes and the history of the item.
     bool closesWithin(QObject& screenModel) override;

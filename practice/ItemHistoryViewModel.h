@@ -30,8 +30,9 @@ public:
 class ItemHistoryViewModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Made by the practice screen's model")
+    QML_UNCREATABLE("Made by the coordinator")
 
+    Q_PROPERTY(QString exerciseName READ exerciseName CONSTANT FINAL)
     Q_PROPERTY(QList<tamsel::ItemHistoryDay> days READ days NOTIFY daysChanged FINAL)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY daysChanged FINAL)
     // "12 days, 5h 3m"
@@ -41,6 +42,7 @@ public:
     // Events belong to an item by its name.
     ItemHistoryViewModel(History& history, const Calendar& calendar, QString exerciseName);
 
+    const QString& exerciseName() const { return m_exerciseName; }
     const QList<ItemHistoryDay>& days() const { return m_days; }
     bool isEmpty() const { return m_days.isEmpty(); }
     const QString& summary() const { return m_summary; }

@@ -17,15 +17,13 @@ QVariant NoteListModel::data(const QModelIndex& index, int role) const {
         return row.text;
     case DayTitleRole:
         return row.dayTitle;
-    case LastOfDayRole:
-        return row.lastOfDay;
     default:
         return {};
     }
 }
 
 QHash<int, QByteArray> NoteListModel::roleNames() const {
-    return {{NoteIdRole, "noteId"}, {TextRole, "noteText"}, {DayTitleRole, "dayTitle"}, {LastOfDayRole, "lastOfDay"}};
+    return {{NoteIdRole, "noteId"}, {TextRole, "noteText"}, {DayTitleRole, "dayTitle"}};
 }
 
 void NoteListModel::setRows(const QList<Row>& rows) {

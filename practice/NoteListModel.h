@@ -13,16 +13,15 @@ namespace tamsel {
 class NoteListModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Made by the notes screen's model")
+    QML_UNCREATABLE("Made by the screen model that owns it")
 
 public:
-    enum Role { NoteIdRole = Qt::UserRole, TextRole, DayTitleRole, LastOfDayRole };
+    enum Role { NoteIdRole = Qt::UserRole, TextRole, DayTitleRole };
 
     struct Row {
         QUuid noteId;
         QString text;
         QString dayTitle; // empty below the first of a day
-        bool lastOfDay = false;
 
         bool operator==(const Row&) const = default;
     };

@@ -21,9 +21,16 @@ QList<NotesSection> noteSections(const QList<Note>& notes, const Calendar& calen
     return sections;
 }
 
-NotesViewModel::NotesViewModel(Notes& notes, const Platform& platform, const Exercise& exercise, NoteDrafts& drafts)
-    : m_notes(notes), m_platform(platform), m_exercise(exercise), m_drafts(drafts), m_notice(platform.mainQueue) {
+NotesViewModel::NotesViewModel(Notes& notes, const Platform& platform, const Exercise& exercise,
+                               std::shared_ptr<NoteDrafts> drafts)
+    : m_notes(notes), m_platform(platform), m_exercise(exercise), m_drafts(std::move(drafts)),
+      m_notice(platform.mainQueue) {
     reload();
+}
+
+void NotesViewModel::leave() {
+    closeEditor();
+    m_notice.end();
 }
 
 void NotesViewModel::reload() {
@@ -31,8 +38,7 @@ void NotesViewModel::reload() {
     QList<NoteListModel::Row> rows;
     for (const NotesSection& section : std::as_const(m_sections)) {
         for (const Note& each : section.rows)
-            rows += {each.id, each.value, &each == &section.rows.constFirst() ? section.title : QString(),
-                     &each == &section.rows.constLast()};
+            rows += {each.id, each.value, &each == &section.rows.constFirst() ? section.title : QString()};
     }
     m_rows.setRows(rows);
     Q_EMIT notesChanged();
@@ -58,7 +64,7 @@ void NotesViewModel::setEditorText(const QString& text) {
 
 void NotesViewModel::openEditor(const QUuid& id, const QString& text) {
     m_edited = id;
-    setEditorText(m_drafts.value(id, text));
+    setEditorText(m_drafts->value(id, text));
     m_isShowingEditor = true;
     Q_EMIT editorChanged();
 }
@@ -89,20 +95,20 @@ void NotesViewModel::saveEditor() {
         edited->value = m_editorText;
         m_notes.update(*edited, m_exercise);
     }
-    m_drafts.remove(m_edited);
+    m_drafts->remove(m_edited);
     hideEditor();
     reload();
 }
 
 void NotesViewModel::cancelEditor() {
-    m_drafts.remove(m_edited);
+    m_drafts->remove(m_edited);
     hideEditor();
 }
 
 void NotesViewModel::closeEditor() {
     if (!m_isShowingEditor)
         return;
-    m_drafts.insert(m_edited, m_editorText);
+    m_drafts->insert(m_edited, m_editorText);
     hideEditor();
 }
 

@@ -14,6 +14,7 @@
 #include <QUuid>
 #include <QtQml/qqmlregistration.h>
 
+#include <memory>
 #include <optional>
 
 namespace tamsel {
@@ -36,7 +37,7 @@ QList<NotesSection> noteSections(const QList<Note>& notes, const Calendar& calen
 class NotesViewModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Made by the practice screen's model")
+    QML_UNCREATABLE("Made by the coordinator")
 
     Q_PROPERTY(tamsel::NoteListModel* rows READ rows CONSTANT FINAL)
     Q_PROPERTY(tamsel::TimedNotice* notice READ notice CONSTANT FINAL)
@@ -47,8 +48,9 @@ class NotesViewModel final : public QObject {
     Q_PROPERTY(bool canSave READ canSave NOTIFY editorTextChanged FINAL)
 
 public:
-    // The drafts outlive this screen and are kept there.
-    NotesViewModel(Notes& notes, const Platform& platform, const Exercise& exercise, NoteDrafts& drafts);
+    // The drafts are those of the practice screen that it was opened from.
+    NotesViewModel(Notes& notes, const Platform& platform, const Exercise& exercise,
+                   std::shared_ptr<NoteDrafts> drafts);
 
     const QList<NotesSection>& sections() const { return m_sections; }
     NoteListModel* rows() { return &m_rows; }
@@ -60,6 +62,9 @@ public:
     const QString& editorText() const { return m_editorText; }
     void setEditorText(const QString& text);
     bool canSave() const { return !m_editorText.trimmed().isEmpty(); }
+
+    // The screen is left. What was typed is kept.
+    void leave();
 
     // Reads the notes anew.
     void reload();
@@ -95,7 +100,7 @@ private:
     Notes& m_notes;
     const Platform m_platform;
     const Exercise m_exercise;
-    NoteDrafts& m_drafts;
+    const std::shared_ptr<NoteDrafts> m_drafts;
     QList<NotesSection> m_sections;
     NoteListModel m_rows;
     TimedNotice m_notice;

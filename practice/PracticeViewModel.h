@@ -8,7 +8,6 @@
 #include "platform/Observable.h"
 #include "platform/Platform.h"
 #include "practice/ExerciseSettingsViewModel.h"
-#include "practice/ItemHistoryViewModel.h"
 #include "practice/NotesViewModel.h"
 #include "practice/PracticeTools.h"
 #include "practice/SecondTicker.h"
@@ -109,9 +108,7 @@ class PracticeViewModel final : public QObject {
     Q_PROPERTY(bool isShowingNotes READ isShowingNotes WRITE setIsShowingNotes NOTIFY isShowingNotesChanged FINAL)
     Q_PROPERTY(
         bool isShowingSettings READ isShowingSettings WRITE setIsShowingSettings NOTIFY isShowingSettingsChanged FINAL)
-    // Each null until it is shown for the first time, and kept until it is shown again.
-    Q_PROPERTY(tamsel::ItemHistoryViewModel* itemHistory READ itemHistory NOTIFY isShowingHistoryChanged FINAL)
-    Q_PROPERTY(tamsel::NotesViewModel* notesViewModel READ notesViewModel NOTIFY isShowingNotesChanged FINAL)
+    // Null until the sheet is shown for the first time, and kept until it is shown again.
     Q_PROPERTY(tamsel::ExerciseSettingsViewModel* settingsViewModel READ settingsViewModel NOTIFY
                    isShowingSettingsChanged FINAL)
     Q_PROPERTY(tamsel::TimedNotice* notice READ notice CONSTANT FINAL)
@@ -198,7 +195,6 @@ public:
     // What is spoken: the count too, unless it is 0.
     QString thumbsUpLabel() const;
     QString thumbsDownLabel() const;
-    // Empty while plain clicks sound.
     QString rhythmText() const;
     QList<ToolMenuOption> rhythmOptions();
     bool tempoIsBookmarked() const;
@@ -237,17 +233,18 @@ public:
     bool isShowingHistory() const { return m_isShowingHistory; }
     bool isShowingNotes() const { return m_isShowingNotes; }
     bool isShowingSettings() const { return m_isShowingSettings; }
-    ItemHistoryViewModel* itemHistory() { return m_itemHistory.get(); }
-    NotesViewModel* notesViewModel() { return m_notesViewModel.get(); }
     ExerciseSettingsViewModel* settingsViewModel() { return m_settingsViewModel.get(); }
     TimedNotice* notice() { return &m_notice; }
     // What was typed stays for the next time until it is saved or dropped.
-    QString addNoteTextFieldText() const { return m_noteDrafts.value(QUuid()); }
+    QString addNoteTextFieldText() const { return m_noteDrafts->value(QUuid()); }
     bool canSaveNote() const { return !addNoteTextFieldText().trimmed().isEmpty(); }
     void setIsShowingAddNoteTextField(bool showing);
     void setAddNoteTextFieldText(const QString& text);
+    // The navigation stack shows both screens, and says when they are left.
     void setIsShowingHistory(bool showing);
     void setIsShowingNotes(bool showing);
+    // For the notes screen, which writes the same notes.
+    const std::shared_ptr<NoteDrafts>& noteDrafts() const { return m_noteDrafts; }
     void setIsShowingSettings(bool showing);
 
     // A blank text is not saved.
@@ -330,10 +327,8 @@ private:
     bool m_isShowingHistory = false;
     bool m_isShowingNotes = false;
     bool m_isShowingSettings = false;
-    NoteDrafts m_noteDrafts;
+    const std::shared_ptr<NoteDrafts> m_noteDrafts = std::make_shared<NoteDrafts>();
     TimedNotice m_notice;
-    std::unique_ptr<ItemHistoryViewModel> m_itemHistory;
-    std::unique_ptr<NotesViewModel> m_notesViewModel;
     std::unique_ptr<ExerciseSettingsViewModel> m_settingsViewModel;
 };
 

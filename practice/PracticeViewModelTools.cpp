@@ -30,6 +30,11 @@ QList<qint64> withoutBookmark(QList<qint64> bookmarks, qint64 tempo) {
     return bookmarks;
 }
 
+// The rhythm without a text is the one that only clicks.
+QString shownName(const QString& rhythm) {
+    return rhythm.isEmpty() ? QStringLiteral("Plain") : rhythm;
+}
+
 // Does nothing for an index that the menu does not have.
 template <class Option>
 void choose(const QList<Option>& options, int index) {
@@ -158,7 +163,7 @@ std::optional<RhythmsTool> PracticeViewModel::rhythmsTool() {
 }
 
 QString PracticeViewModel::rhythmText() const {
-    return identifier(rhythmSelection());
+    return shownName(identifier(rhythmSelection()));
 }
 
 QList<ToolMenuOption> PracticeViewModel::rhythmOptions() {
@@ -167,9 +172,7 @@ QList<ToolMenuOption> PracticeViewModel::rhythmOptions() {
     if (!tool)
         return options;
     for (qsizetype i = 0; i < tool->menuOptions.size(); ++i) {
-        const QString& text = tool->menuOptions.at(i).text;
-        // The rhythm without a text is the one that only clicks.
-        options += {text.isEmpty() ? QStringLiteral("Plain") : text, QString(), QStringLiteral("rhythm_%1").arg(i),
+        options += {shownName(tool->menuOptions.at(i).text), QString(), QStringLiteral("rhythm_%1").arg(i),
                     tool->allOptions.at(i) == tool->selection};
     }
     return options;
@@ -334,7 +337,7 @@ void PracticeViewModel::setIsShowingAddNoteTextField(bool showing) {
 void PracticeViewModel::setAddNoteTextFieldText(const QString& text) {
     if (addNoteTextFieldText() == text)
         return;
-    m_noteDrafts.insert(QUuid(), text);
+    m_noteDrafts->insert(QUuid(), text);
     Q_EMIT addNoteTextFieldTextChanged();
 }
 
@@ -413,33 +416,19 @@ SheetButtons PracticeViewModel::sheetButtons() {
 }
 
 void PracticeViewModel::setIsShowingHistory(bool showing) {
-    if (m_isShowingHistory == showing)
-        return;
-    m_isShowingHistory = showing;
-    // The one before lives until the screen has turned to the new one.
-    std::unique_ptr<ItemHistoryViewModel> before;
-    if (showing) {
-        before = std::exchange(m_itemHistory, std::make_unique<ItemHistoryViewModel>(
-                                                  m_singletons.history, m_platform.calendar, m_exercise.name));
-    }
-    Q_EMIT isShowingHistoryChanged();
+    if (std::exchange(m_isShowingHistory, showing) != showing)
+        Q_EMIT isShowingHistoryChanged();
 }
 
 void PracticeViewModel::setIsShowingNotes(bool showing) {
-    if (m_isShowingNotes == showing)
+    if (std::exchange(m_isShowingNotes, showing) == showing)
         return;
-    m_isShowingNotes = showing;
-    std::unique_ptr<NotesViewModel> before;
-    if (showing) {
-        before = std::exchange(m_notesViewModel, std::make_unique<NotesViewModel>(m_singletons.notes, m_platform,
-                                                                                  m_exercise, m_noteDrafts));
-        connect(m_notesViewModel.get(), &NotesViewModel::notesChanged, this, &PracticeViewModel::reloadNoteCount);
-    } else {
-        m_notesViewModel->closeEditor();
-        m_notesViewModel->notice()->end();
+    Q_EMIT isShowingNotesChanged();
+    // Notes and drafts may have changed there.
+    if (!showing) {
+        reloadNoteCount();
         Q_EMIT addNoteTextFieldTextChanged();
     }
-    Q_EMIT isShowingNotesChanged();
 }
 
 void PracticeViewModel::setIsShowingSettings(bool showing) {

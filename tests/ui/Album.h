@@ -2,19 +2,30 @@
 
 #include "tests/ui/UiWorld.h"
 
+#include <QSize>
 #include <QString>
 
 #include <utility>
 
 namespace tamsel::test {
 
+// A size of window and of text that screens are looked at in.
+struct View {
+    QSize size;
+    const char* name;
+    qreal textScale;
+};
+
 // A folder of pictures of screens, to be looked at.
 class Album {
 public:
-    explicit Album(QString folder) : m_folder(std::move(folder)) {}
+    // Only those with `part` in their names, to be done sooner.
+    explicit Album(QString folder, QString part = {}) : m_folder(std::move(folder)), m_part(std::move(part)) {}
 
     // In light and in dark.
     void take(UiWorld& ui, const QString& name) {
+        if (!name.contains(m_part))
+            return;
         for (const bool dark : {false, true}) {
             ui.appearance().setScheme(dark ? Appearance::Scheme::Dark : Appearance::Scheme::Light);
             const QString path = QStringLiteral("%1/%2-%3.png")
@@ -25,6 +36,11 @@ public:
 
 private:
     const QString m_folder;
+    const QString m_part;
 };
+
+// The practice screen in all its states.
+void takePracticeTools(Album& album);
+void takeMirroredPracticeTools(Album& album);
 
 } // namespace tamsel::test

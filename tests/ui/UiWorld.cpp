@@ -8,6 +8,8 @@
 #include <QtQuickTest>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace tamsel::test {
 
@@ -18,7 +20,10 @@ QQuickItem* findBelow(QQuickItem& item, const QString& identifier) {
         return nullptr;
     if (item.objectName() == identifier)
         return &item;
-    for (QQuickItem* const child : item.childItems())
+    // What lies on top comes first, such as a sheet before the screen below it.
+    QList<QQuickItem*> children = item.childItems();
+    std::ranges::stable_sort(children, std::greater(), &QQuickItem::z);
+    for (QQuickItem* const child : std::as_const(children))
         if (QQuickItem* const found = findBelow(*child, identifier))
             return found;
     return nullptr;

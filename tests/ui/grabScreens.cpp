@@ -8,7 +8,8 @@
 
 #include <cstdio>
 
-// Grabs every screen to PNG files, to be looked at: grab_screens <folder>. QT_SCALE_FACTOR sets the resolution.
+// Grabs every screen to PNG files, to be looked at: grab_screens <folder> [<part of a name>]. QT_SCALE_FACTOR sets the
+// resolution.
 
 namespace tamsel::test {
 namespace {
@@ -103,15 +104,11 @@ void takeOdd(Album& album) {
     album.take(ui, QStringLiteral("focus"));
 }
 
-int grabAll(const QString& folder) {
+int grabAll(const QString& folder, const QString& part) {
     if (!QDir().mkpath(folder))
         return 1;
-    Album album(folder);
-    struct View {
-        QSize size;
-        const char* name;
-        qreal textScale;
-    };
+    Album album(folder, part);
+    takePracticeTools(album);
     for (const View& view :
          {View{{390, 844}, "phone", 1}, View{{360, 640}, "small", 1}, View{{390, 844}, "large", 2},
           View{{844, 390}, "flat", 1}, View{{1180, 820}, "wide", 1}, View{{768, 1024}, "tablet", 1}}) {
@@ -120,6 +117,7 @@ int grabAll(const QString& folder) {
     }
     takeOdd(album);
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    takeMirroredPracticeTools(album);
     takeList(album, {390, 844}, QStringLiteral("mirrored"), 1);
     takePractice(album, {844, 390}, QStringLiteral("mirrored"), 1);
     return 0;
@@ -132,9 +130,9 @@ int main(int argc, char* argv[]) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QUICK_BACKEND", "software");
     const QGuiApplication application(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: grab_screens <folder>\n");
+    if (argc != 2 && argc != 3) {
+        std::fprintf(stderr, "usage: grab_screens <folder> [<part of a picture's name>]\n");
         return 2;
     }
-    return tamsel::test::grabAll(QString::fromLocal8Bit(argv[1]));
+    return tamsel::test::grabAll(QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argc == 3 ? argv[2] : ""));
 }

@@ -4,8 +4,8 @@ import QtQuick
 import Tamsel.Ui
 
 // A choice of actions: a sheet at the lower edge of a phone, a card in the middle of a larger window. Each option is a
-// value with a `title` and an `identifier`, a `destructive` flag where that is true, and the name of an `image` where it
-// has one: a check mark stands for what is chosen already.
+// value with a `title` and an `identifier`, perhaps a `detail`, a `destructive` or `selected` flag where that is true, and
+// the name of an `image` where it has one: a check mark stands for what is chosen already.
 // It closes with a choice, Escape or a press outside.
 PopupBase {
     id: sheet
@@ -115,9 +115,12 @@ PopupBase {
                             leftPadding: Theme.smallSpacing
                             rightPadding: Theme.smallSpacing
                             text: modelData.title
+                            detail: modelData.detail ?? ""
                             iconName: modelData.image ?? ""
-                            Accessible.description: iconName === "checkmark" ? "chosen" : ""
-                            look: modelData.destructive === true ? PillButton.Destructive : PillButton.Raised
+                            Accessible.description: iconName === "checkmark" || modelData.selected === true ? "chosen"
+                                                                                                            : detail
+                            look: modelData.destructive === true ? PillButton.Destructive
+                                : modelData.selected === true ? PillButton.Prominent : PillButton.Raised
                             onClicked: {
                                 sheet.opener.shown = false;
                                 sheet.chosen(index);

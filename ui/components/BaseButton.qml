@@ -14,11 +14,27 @@ T.AbstractButton {
     property alias focusRadius: behavior.radius
     property alias focusGap: behavior.gap
 
+    // Whether the press that a `clicked` belongs to has been told already.
+    property bool pressTold: false
+
     signal longPressed()
+    // Comes with the press itself, for what counts the moment: `clicked` comes when the finger is lifted.
+    signal struck()
 
     focusPolicy: Qt.TabFocus
     padding: 0
     Keys.forwardTo: [behavior]
+    onPressed: {
+        pressTold = true;
+        struck();
+    }
+    onCanceled: pressTold = false
+    // Enter and a screen reader click without a press.
+    onClicked: {
+        if (!pressTold)
+            struck();
+        pressTold = false;
+    }
 
     Accessible.name: text
     Accessible.description: longPressText

@@ -76,7 +76,7 @@ Item {
         look: PillButton.Plain
         leftPadding: Theme.spacing
         rightPadding: Theme.spacing
-        onClicked: bar.metronome.tapTempoTapped()
+        onStruck: bar.metronome.tapTempoTapped()
     }
 
     RoundButton {

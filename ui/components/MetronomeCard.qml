@@ -9,8 +9,13 @@ Item {
 
     required property MetronomeViewModel metronome
     property string caption
+    // Whether the tempo is saved by its owner's word; the button for it says this, and has nothing to do without it.
+    property bool savable: false
+    property string saveText
     // The height that the screen has for the card; it takes more if it needs more.
     property int roomHeight: 0
+
+    signal saveRequested()
 
     readonly property int edge: width < 340 ? Theme.spacing : Theme.mediumSpacing + 2
     // Where the screen offers height, everything is larger, to be read and hit from further away.
@@ -56,7 +61,7 @@ Item {
 
             anchors.left: parent.left
             anchors.right: parent.right
-            height: figures.height + words.height
+            height: figures.height + line.height
 
             RoundButton {
                 objectName: "minus button"
@@ -82,15 +87,39 @@ Item {
                 metronome: card.metronome
             }
 
-            TextLabel {
-                id: words
+            // Where there is something to save now and then, the room for it stays.
+            Item {
+                id: line
 
                 anchors.top: figures.bottom
                 anchors.horizontalCenter: parent.horizontalCenter
-                width: Math.min(implicitWidth, parent.width)
-                kind: TextLabel.Caption
-                font.letterSpacing: 0.6
-                text: card.caption
+                width: Math.min(words.implicitWidth + (save.visible ? save.width + Theme.tightSpacing : 0), parent.width)
+                height: card.savable ? Math.max(words.height, save.height) : words.height
+
+                TextLabel {
+                    id: words
+
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: Math.min(implicitWidth, parent.width - (save.visible ? save.width + Theme.tightSpacing : 0))
+                    kind: TextLabel.Caption
+                    font.letterSpacing: 0.6
+                    text: card.caption
+                }
+
+                PillButton {
+                    id: save
+
+                    objectName: "save_tempo_button"
+                    anchors.right: parent.right
+                    anchors.verticalCenter: parent.verticalCenter
+                    visible: card.savable && text !== ""
+                    look: PillButton.Plain
+                    leftPadding: Theme.smallSpacing
+                    rightPadding: Theme.smallSpacing
+                    text: card.saveText
+                    longPressText: "Makes this the tempo that the item opens at"
+                    onClicked: card.saveRequested()
+                }
             }
 
             RoundButton {

@@ -11,6 +11,8 @@ BaseButton {
     property string iconName
     // What it shows, where that is not what is spoken.
     property string caption: text
+    // Behind the caption, quieter.
+    property string detail
 
     readonly property bool prominent: look === PillButton.Prominent
     readonly property color ink: !enabled ? Theme.secondaryText
@@ -19,8 +21,10 @@ BaseButton {
                                 : look === PillButton.Plain ? Theme.accent
                                 : Theme.text
 
-    implicitWidth: Math.max(Theme.touchTarget, Math.ceil(words.implicitWidth) + leftPadding + rightPadding
-                            + (iconName === "" ? 0 : Theme.icon + Theme.smallSpacing))
+    readonly property real besides: (iconName === "" ? 0 : Theme.icon + Theme.smallSpacing)
+                                    + (detail === "" ? 0 : more.implicitWidth + Theme.smallSpacing)
+
+    implicitWidth: Math.max(Theme.touchTarget, Math.ceil(words.implicitWidth) + leftPadding + rightPadding + besides)
     implicitHeight: Math.max(Theme.touchTarget, Math.ceil(words.implicitHeight) + 2 * Theme.smallSpacing)
     leftPadding: Theme.largeSpacing
     rightPadding: Theme.largeSpacing
@@ -56,11 +60,21 @@ BaseButton {
                 id: words
 
                 anchors.verticalCenter: parent.verticalCenter
-                width: Math.min(implicitWidth, button.availableWidth
-                                - (button.iconName === "" ? 0 : Theme.icon + Theme.smallSpacing))
+                width: Math.min(implicitWidth, button.availableWidth - button.besides)
                 kind: TextLabel.Strong
                 text: button.caption
                 color: button.ink
+                Accessible.ignored: true
+            }
+
+            TextLabel {
+                id: more
+
+                anchors.verticalCenter: parent.verticalCenter
+                visible: text !== ""
+                kind: TextLabel.Secondary
+                text: button.detail
+                color: button.prominent ? button.ink : Theme.secondaryText
                 Accessible.ignored: true
             }
         }

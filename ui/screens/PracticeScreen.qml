@@ -2,7 +2,7 @@ import QtQuick
 import Tamsel.Practice
 import Tamsel.Ui
 
-// One item being practised: the metronome, the timer, the stopwatch, and what was done today.
+// One item being practised: the metronome, the timer, the stopwatch, the tools, and what was done today.
 FocusScope {
     id: screen
 
@@ -49,6 +49,15 @@ FocusScope {
         width: parent.width - 2 * Theme.spacing
         text: screen.practice.exerciseName
         onBack: screen.leaveRequested()
+
+        RoundButton {
+            objectName: "settings_button"
+            text: "Settings"
+            iconName: "gear"
+            size: RoundButton.Small
+            flat: true
+            onClicked: screen.practice.settingsTapped()
+        }
     }
 
     Flickable {
@@ -88,6 +97,9 @@ FocusScope {
                                                     Math.round(width * 0.86)) : 0
                 metronome: screen.practice.metronomeViewModel
                 caption: screen.practice.savedTempoText
+                savable: screen.practice.ownerSavesTempo
+                saveText: screen.practice.saveTempoText
+                onSaveRequested: screen.practice.saveTempo()
             }
 
             PracticeTools {
@@ -99,6 +111,10 @@ FocusScope {
                 practice: screen.practice
             }
         }
+
+        FocusFollower {
+            scroller: scroller
+        }
     }
 
     EdgeFade {
@@ -106,5 +122,13 @@ FocusScope {
         width: parent.width
         visible: !scroller.atYBeginning
         atTop: true
+    }
+
+    Toast {
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Theme.mediumSpacing
+        x: Math.round((parent.width - width) / 2)
+        width: Math.min(parent.width - 2 * screen.margin, Theme.contentWidth)
+        notice: screen.practice.notice
     }
 }

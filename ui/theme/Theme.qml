@@ -63,6 +63,8 @@ QtObject {
 
     // Sizes
     readonly property int touchTarget: 44
+    readonly property int switchWidth: 52
+    readonly property int switchHeight: 30
     readonly property int smallButton: 44
     readonly property int regularButton: 52
     readonly property int largeButton: 64
