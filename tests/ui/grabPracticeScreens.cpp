@@ -67,7 +67,8 @@ void takeTools(Album& album, const View& view) {
         ui.press(Qt::Key_Escape);
         practice.settingsTapped();
         album.take(ui, name("settings"));
-        ui.find(QStringLiteral("standard_bpm"))->forceActiveFocus(Qt::TabFocusReason);
+        if (QQuickItem* const last = ui.find(QStringLiteral("standard_bpm")))
+            last->forceActiveFocus(Qt::TabFocusReason);
         album.take(ui, name("settings-end"));
         ui.press(Qt::Key_Escape);
         practice.historyTapped();

@@ -13,7 +13,7 @@ BaseButton {
     property string hintIdentifier
     property color ink: Theme.text
 
-    implicitHeight: Math.ceil(count.implicitHeight + words.implicitHeight) + 2 * Theme.spacing
+    implicitHeight: Math.ceil(figures.height + words.implicitHeight) + 2 * Theme.spacing
     leftPadding: Theme.spacing
     rightPadding: Theme.spacing
     focusRadius: Theme.cardRadius
@@ -33,6 +33,8 @@ BaseButton {
         anchors.bottomMargin: Theme.spacing
 
         Row {
+            id: figures
+
             anchors.horizontalCenter: parent.horizontalCenter
             spacing: Theme.mediumSpacing
 

@@ -10,7 +10,8 @@ QtObject {
 
     readonly property Item control: scroller.Window.activeFocusItem
 
-    onControlChanged: Qt.callLater(show)
+    // Not before the control has its place.
+    onControlChanged: Qt.callLater(show) // qmllint disable
 
     function show() {
         let above = control;

@@ -17,7 +17,7 @@ BaseButton {
 
     implicitHeight: Math.max(Theme.touchTarget, Math.ceil(words.height) + 2 * Theme.spacing)
     leftPadding: Theme.mediumSpacing
-    rightPadding: Theme.spacing
+    rightPadding: Theme.smallSpacing
     focusRadius: Theme.cardRadius
     longPressText: hint
 

@@ -23,11 +23,26 @@ FocusScope {
         onBack: screen.leaveRequested()
     }
 
+    TextLabel {
+        id: summary
+
+        objectName: "item_history_summary"
+        anchors.top: titleBar.bottom
+        x: screen.margin
+        width: screen.width - 2 * screen.margin
+        leftPadding: Theme.mediumSpacing
+        topPadding: Theme.smallSpacing
+        bottomPadding: Theme.smallSpacing
+        visible: !screen.history.isEmpty
+        kind: TextLabel.SecondaryStrong
+        text: screen.history.summary
+    }
+
     ListView {
         id: list
 
         objectName: "item_history_list"
-        anchors.top: titleBar.bottom
+        anchors.top: summary.bottom
         anchors.bottom: parent.bottom
         width: parent.width
         visible: !screen.history.isEmpty
@@ -36,19 +51,7 @@ FocusScope {
         boundsBehavior: Flickable.StopAtBounds
         clip: true
         model: screen.history.days
-        header: TextLabel {
-            objectName: "item_history_summary"
-            x: screen.margin
-            width: list.width - 2 * screen.margin
-            leftPadding: Theme.mediumSpacing
-            bottomPadding: Theme.smallSpacing
-            topPadding: Theme.smallSpacing
-            kind: TextLabel.SecondaryStrong
-            text: screen.history.summary
-        }
-        footer: Item {
-            implicitHeight: Theme.hugeSpacing
-        }
+        bottomMargin: Theme.hugeSpacing
         delegate: SessionRow {
             required property var modelData
             required property int index

@@ -15,8 +15,8 @@ Item {
     readonly property int cardWidth: stacked ? width : Math.floor((width - clocks.spacing) / 2)
     // A tile that would stand alone in its row has the whole of it.
     readonly property int counterWidth: practice.hasThumbsUp && practice.hasThumbsDown ? cardWidth : width
-    readonly property int tileCount: [practice.hasRhythms, practice.hasTapTempo, practice.hasTempoBookmarks,
-                                      practice.hasQuickNotes].filter(there => there).length
+    readonly property int tileCount: (practice.hasRhythms ? 1 : 0) + (practice.hasTapTempo ? 1 : 0)
+                                     + (practice.hasTempoBookmarks ? 1 : 0) + (practice.hasQuickNotes ? 1 : 0)
     readonly property Item lastTile: practice.hasQuickNotes ? quickNote : practice.hasTempoBookmarks ? bookmarks
                                                                         : practice.hasTapTempo ? tap : rhythms
 
@@ -153,7 +153,7 @@ Item {
                 text: tools.practice.bookmarkLabel
                 iconName: tools.practice.tempoIsBookmarked ? "bookmark.fill" : "bookmark"
                 ink: tools.practice.tempoIsBookmarked ? Theme.accent : Theme.text
-                caption: tools.practice.tempoIsBookmarked ? "Bookmarked" : "Bookmark"
+                caption: "Bookmark"
                 hint: "Hold for list"
                 hintName: "Show tempo bookmarks"
                 hintIdentifier: "show_tempo_bookmarks"
@@ -171,7 +171,7 @@ Item {
                 text: "Add note"
                 iconName: "text.badge.plus"
                 caption: "Note"
-                hint: "Hold for snippets"
+                hint: "Hold for list"
                 hintName: "Show quick snippets"
                 hintIdentifier: "show_quick_snippets"
                 hasLongPress: true
