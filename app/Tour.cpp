@@ -47,8 +47,12 @@ bool Tour::take(const QString& stage) {
         resize(390, 844);
         if (stage == QStringLiteral("restart"))
             findPracticeAgain();
-        else
+        else if (stage == QStringLiteral("tools")) {
+            useTheTools();
+            tell(QStringLiteral("worked the six tools, the settings sheet, the notes and the item's history"));
+        } else {
             practise();
+        }
         return true;
     } catch (const Failed&) {
         saveGrab(QStringLiteral("failed"));

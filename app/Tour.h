@@ -20,8 +20,9 @@ public:
     // The folder must exist; pictures, clicks and documents go there.
     Tour(QQuickWindow& window, Appearance& appearance, App& app, TourAudio& audio, const QString& folder);
 
-    // "practice": adds an item, plays, runs a timer, saves. "restart": finds the practice in today's log. Tells each
-    // step on standard output. False when something was not as it should be.
+    // "practice": adds an item, plays, runs a timer, saves. "restart": finds the practice in today's log.
+    // "tools": works the tools, the settings sheet and the notes of the practice screen. Tells each step on standard
+    // output. False when something was not as it should be.
     bool take(const QString& stage);
 
 private:
@@ -29,6 +30,7 @@ private:
 
     void practise();
     void findPracticeAgain();
+    void useTheTools();
 
     // Each throws `Failed`, with a line that says what was missing.
     QQuickItem& find(const QString& identifier);
