@@ -62,8 +62,12 @@ void PracticeNavigationStackViewModel::push(const destinations::FromPracticeView
 }
 
 void PracticeNavigationStackViewModel::leave() {
-    if (practiceViewModel() != nullptr)
-        practiceViewModel()->leave();
+    if (practiceViewModel() == nullptr)
+        return;
+    // First, because it hands on what is being typed there.
+    if (auto* const notes = qobject_cast<NotesViewModel*>(screenModel(depth() - 1)))
+        notes->leave();
+    practiceViewModel()->leave();
 }
 
 void PracticeNavigationStackViewModel::leaving(QObject& screenModel) {

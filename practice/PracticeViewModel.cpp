@@ -210,6 +210,7 @@ void PracticeViewModel::leave() {
     do
         saveAndStopRunningSessionIfAble();
     while (timerExists() || stopwatchExists());
+    saveNote();
 }
 
 void PracticeViewModel::record(const std::optional<PracticeSession>& session) {

@@ -169,8 +169,8 @@ public:
     // Ends one run and records it if it lasted long enough: the timer's where both exist. Does nothing without a run.
     Q_INVOKABLE void saveAndStopRunningSessionIfAble();
 
-    // The screen is left or the window closes: whatever runs is saved and ended, and a name that was typed is taken
-    // over.
+    // The screen is left or the window closes: whatever runs is saved and ended, a name that was typed is taken over,
+    // and a note that was begun is saved.
     void leave();
 
     // One second of the timer has passed.

@@ -210,7 +210,8 @@ std::optional<TempoBookmarksTool> PracticeViewModel::tempoBookmarksTool() {
                                               QString::number(bookmark), std::nullopt};
         // A stored tempo of 0 is no goal that anything could be a share of.
         if (!tool.autoSavedTempo && tool.goalTempo != 0) {
-            const double share = static_cast<double>(bookmark) / static_cast<double>(tool.goalTempo) * percent;
+            // Divided last, so that a half is one: 57 of 200 is 28.5 and not a trace less.
+            const double share = static_cast<double>(bookmark) * percent / static_cast<double>(tool.goalTempo);
             option.trailingText = QString::number(std::round(share), 'f', 0) + QLatin1Char('%');
         }
         tool.menuOptions += option;

@@ -206,6 +206,7 @@ TEST_F(PracticeToolsTest, TheMenuShowsTheShareOfTheGoal) {
          {Case{120, false, {60, 90}, {QStringLiteral("50%"), QStringLiteral("75%")}},
           Case{120, true, {60, 90}, {QString(), QString()}}, Case{300, false, {100}, {QStringLiteral("33%")}},
           Case{400, false, {50, 600}, {QStringLiteral("13%"), QStringLiteral("150%")}},
+          Case{200, false, {57, 115}, {QStringLiteral("29%"), QStringLiteral("58%")}},
           Case{0, false, {60}, {QString()}}}) {
         open([&](ExerciseSettings& settings) {
             settings.tempo = test.goal;
@@ -347,6 +348,10 @@ TEST_F(PracticeToolsTest, AQuickNoteIsKeptUntilItIsSavedOrDropped) {
     model->dropNote();
     EXPECT_EQ(model->addNoteTextFieldText(), QString());
     EXPECT_EQ(notes().size(), 1);
+    model->setAddNoteTextFieldText(QStringLiteral("slower"));
+    model->leave();
+    model->leave();
+    EXPECT_EQ(notes().size(), 2) << "what was typed and neither saved nor dropped when the item is left, once";
 }
 
 TEST_F(PracticeToolsTest, ANoticeEndsByItselfAndNotBeforeItsTime) {

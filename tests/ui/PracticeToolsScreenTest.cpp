@@ -276,6 +276,11 @@ TEST_F(PracticeToolsScreenTest, TheNotesScreenAddsEditsDeletesAndUndoes) {
     EXPECT_TRUE(ui.practice()->timerIsRunning()) << "practice goes on meanwhile";
     ui.press(Qt::Key_Space);
     EXPECT_TRUE(metronome().isPlaying()) << "the practice screen has its keys again";
+    click("notes_button");
+    click("add_note_button");
+    ui.type(QStringLiteral("begun"));
+    ui.content().leave();
+    EXPECT_EQ(notes().last(), QStringLiteral("begun")) << "the window was closed meanwhile";
 }
 
 TEST_F(PracticeToolsScreenTest, TheItemsHistoryOpensAndCloses) {

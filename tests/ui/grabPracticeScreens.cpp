@@ -52,13 +52,18 @@ void takeTools(Album& album, const View& view) {
         practice.chooseSnippet(0);
         album.take(ui, name("stopwatch-counts"));
         practice.finishStopwatch();
+        // By the keyboard, which brings what lies further down into sight.
+        const auto openFrom = [&ui](const char* identifier, Qt::Key key) {
+            ui.find(QString::fromLatin1(identifier))->forceActiveFocus(Qt::TabFocusReason);
+            ui.press(key);
+        };
         for (const auto& [button, state] :
              {std::pair{"tempo_bookmarks_button", "bookmarks"}, std::pair{"quick_note_button", "snippets"}}) {
-            ui.click(QString::fromLatin1(button), Qt::RightButton);
+            openFrom(button, Qt::Key_Menu);
             album.take(ui, name(state));
             ui.press(Qt::Key_Escape);
         }
-        ui.click(QStringLiteral("beat_patterns_button"));
+        openFrom("beat_patterns_button", Qt::Key_Return);
         album.take(ui, name("rhythms"));
         ui.press(Qt::Key_Escape);
         practice.setAddNoteTextFieldText(QStringLiteral("Thumb under earlier, left hand alone from bar 12."));

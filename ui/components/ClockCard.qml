@@ -56,7 +56,9 @@ BaseButton {
             TextLabel {
                 anchors.left: symbol.right
                 anchors.leftMargin: Theme.smallSpacing
+                // The button's picture does not fill it.
                 anchors.right: toggle.visible ? toggle.left : parent.right
+                anchors.rightMargin: toggle.visible ? -Theme.smallSpacing : 0
                 anchors.verticalCenter: parent.verticalCenter
                 kind: TextLabel.Caption
                 text: card.text

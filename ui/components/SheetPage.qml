@@ -16,10 +16,11 @@ PopupBase {
     readonly property bool atEdge: roomWidth < Theme.twoColumnWidth
 
     width: Math.min(roomWidth - 2 * Theme.smallSpacing, Theme.contentWidth)
-    height: Math.min(implicitHeight, roomHeight - 2 * Theme.smallSpacing)
+    height: atEdge ? roomHeight - 2 * y : Math.min(implicitHeight, roomHeight - 2 * y)
     implicitHeight: Math.ceil(top.height + page.height) + 2 * padding + Theme.mediumSpacing
     x: Math.round((roomWidth - width) / 2)
-    y: Math.round(atEdge ? roomHeight - height - Theme.smallSpacing : (roomHeight - height) / 2)
+    // Its top stays when its content grows, so that nothing moves under the finger.
+    y: atEdge || roomHeight < Theme.twoColumnWidth ? Theme.smallSpacing : 2 * Theme.hugeSpacing
 
     onOpened: scope.forceActiveFocus(Qt.PopupFocusReason)
 
@@ -68,8 +69,8 @@ PopupBase {
             anchors.topMargin: top.height
             anchors.leftMargin: -Theme.largeSpacing
             anchors.rightMargin: -Theme.largeSpacing
-            anchors.bottomMargin: -Theme.largeSpacing
-            contentHeight: page.height + Theme.mediumSpacing + Theme.largeSpacing
+            anchors.bottomMargin: -Theme.mediumSpacing
+            contentHeight: page.height + 2 * Theme.mediumSpacing
             boundsBehavior: Flickable.StopAtBounds
             clip: true
 
@@ -85,6 +86,24 @@ PopupBase {
             FocusFollower {
                 scroller: scroller
             }
+        }
+
+        // Within the round corners.
+        EdgeFade {
+            anchors.top: scroller.top
+            anchors.left: scroller.left
+            anchors.right: scroller.right
+            visible: !scroller.atYBeginning
+            atTop: true
+        }
+
+        EdgeFade {
+            anchors.bottom: scroller.bottom
+            anchors.left: scroller.left
+            anchors.right: scroller.right
+            anchors.leftMargin: Theme.mediumSpacing
+            anchors.rightMargin: Theme.mediumSpacing
+            visible: !scroller.atYEnd
         }
     }
 }

@@ -18,12 +18,16 @@ T.CheckDelegate {
     required property string triggerText
     property bool last: false
 
+    // With large text, the room goes to the words, so that none is broken.
+    readonly property bool crowded: Theme.textScale > 1.6
+    readonly property int gap: crowded ? Theme.tightSpacing : Theme.spacing
+
     signal flipped(on: bool)
 
     objectName: identifier
     implicitHeight: Math.max(Theme.touchTarget, Math.ceil(words.height) + 2 * Theme.spacing)
-    leftPadding: Theme.mediumSpacing
-    rightPadding: Theme.mediumSpacing
+    leftPadding: crowded ? Theme.smallSpacing : Theme.mediumSpacing
+    rightPadding: leftPadding
     padding: 0
     focusPolicy: Qt.TabFocus
     checked: isOn
@@ -78,6 +82,7 @@ T.CheckDelegate {
             anchors.verticalCenter: parent.verticalCenter
             visible: row.iconName !== ""
             name: row.iconName
+            size: row.crowded ? Theme.smallIcon : Theme.icon
             color: Theme.secondaryText
         }
 
@@ -85,9 +90,9 @@ T.CheckDelegate {
             id: words
 
             anchors.left: symbol.visible ? symbol.right : parent.left
-            anchors.leftMargin: symbol.visible ? Theme.spacing : 0
+            anchors.leftMargin: symbol.visible ? row.gap : 0
             anchors.right: knob.left
-            anchors.rightMargin: Theme.spacing
+            anchors.rightMargin: row.gap
             anchors.verticalCenter: parent.verticalCenter
 
             TextLabel {

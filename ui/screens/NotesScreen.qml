@@ -65,6 +65,13 @@ FocusScope {
         }
     }
 
+    EdgeFade {
+        anchors.top: list.top
+        width: parent.width
+        visible: list.visible && !list.atYBeginning
+        atTop: true
+    }
+
     FocusFollower {
         scroller: list
     }

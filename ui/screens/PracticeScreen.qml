@@ -127,8 +127,9 @@ FocusScope {
     Toast {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: Theme.mediumSpacing
-        x: Math.round((parent.width - width) / 2)
-        width: Math.min(parent.width - 2 * screen.margin, Theme.contentWidth)
+        // Not over the play button where that is beside the tools.
+        x: screen.beside ? tools.x : Math.round((parent.width - width) / 2)
+        width: screen.beside ? tools.width : Math.min(parent.width - 2 * screen.margin, Theme.contentWidth)
         notice: screen.practice.notice
     }
 }
