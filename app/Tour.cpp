@@ -22,11 +22,6 @@ const QString itemName = QStringLiteral("C Major Scales");
 constexpr int patienceMilliseconds = 10'000;
 constexpr int settleMilliseconds = 400; // longer than any transition of a screen
 
-void tell(const QString& line) {
-    std::printf("tour: %s\n", line.toUtf8().constData());
-    std::fflush(stdout);
-}
-
 QQuickItem* lookBelow(QQuickItem& item, const QString& identifier) {
     if (item.objectName() == identifier && item.isVisible() && item.isEnabled())
         return &item;
@@ -47,6 +42,8 @@ bool Tour::take(const QString& stage) {
         resize(390, 844);
         if (stage == QStringLiteral("restart"))
             findPracticeAgain();
+        else if (stage == QStringLiteral("list"))
+            workTheList();
         else if (stage == QStringLiteral("tools")) {
             useTheTools();
             tell(QStringLiteral("worked the six tools, the settings sheet, the notes and the item's history"));
@@ -222,6 +219,11 @@ void Tour::expect(const QString& what, bool holds) {
         return;
     tell(QStringLiteral("FAILED: ") + what);
     throw Failed();
+}
+
+void Tour::tell(const QString& line) {
+    std::printf("tour: %s\n", line.toUtf8().constData());
+    std::fflush(stdout);
 }
 
 void Tour::resize(int width, int height) {

@@ -21,8 +21,8 @@ public:
     Tour(QQuickWindow& window, Appearance& appearance, App& app, TourAudio& audio, const QString& folder);
 
     // "practice": adds an item, plays, runs a timer, saves. "restart": finds the practice in today's log.
-    // "tools": works the tools, the settings sheet and the notes of the practice screen. Tells each step on standard
-    // output. False when something was not as it should be.
+    // "tools": works the tools, the settings sheet and the notes of the practice screen. "list": searches, sorts,
+    // archives and takes back. Tells each step on standard output. False when something was not as it should be.
     bool take(const QString& stage);
 
 private:
@@ -31,6 +31,7 @@ private:
     void practise();
     void findPracticeAgain();
     void useTheTools();
+    void workTheList();
 
     // Each throws `Failed`, with a line that says what was missing.
     QQuickItem& find(const QString& identifier);
@@ -48,6 +49,7 @@ private:
     void saveGrab(const QString& name);
     void resize(int width, int height);
     void writeDocuments();
+    static void tell(const QString& line);
 
     QQuickWindow& m_window;
     Appearance& m_appearance;

@@ -143,6 +143,15 @@ TEST_F(ListScreensTest, ASwipeUncoversTheActions) {
     EXPECT_NE(ui.practice(), nullptr);
 }
 
+TEST_F(ListScreensTest, ARowThatWasClosedByAnotherOpensAgain) {
+    open();
+    for (const char* row : {"exercise_row_1", "exercise_row_0", "exercise_row_1"})
+        swipe(row, -200);
+    EXPECT_FALSE(ui.find(QStringLiteral("exercise_row_0"))->property("swiped").toBool());
+    touch("archive_action");
+    EXPECT_EQ(archived().last().name, QStringLiteral("C Major Scales"));
+}
+
 TEST_F(ListScreensTest, ARowHasAMenu) {
     open();
     struct Way {

@@ -23,11 +23,22 @@ T.SwipeDelegate {
     readonly property bool swiped: swipe.position !== 0
     // It lay aside when it was last pressed.
     property bool wasSwiped: false
+    // The actions behind it, once they have been seen.
+    property RowActions uncovered: null
 
     // A tap, Enter or Space. One on a row that is swiped aside only brings it back.
     signal opened()
     signal longPressed()
     signal actionChosen(index: int)
+
+    // A row that the program has closed and that is swiped again takes the taps on its actions itself.
+    function tappedAside() {
+        const index = uncovered === null ? -1 : uncovered.indexAt(mapToItem(uncovered, pressX, pressY));
+        if (index < 0)
+            swipe.close();
+        else
+            choose(index);
+    }
 
     function choose(index: int) {
         swipe.close();
@@ -45,7 +56,7 @@ T.SwipeDelegate {
     swipe.right: mirrored || actions.length === 0 ? null : behind
     swipe.left: mirrored && actions.length > 0 ? behind : null
     onPressed: wasSwiped = swiped
-    onClicked: swiped ? swipe.close() : opened()
+    onClicked: swiped ? tappedAside() : opened()
     // That is what comes of a tap on a row that lies aside.
     onCanceled: {
         if (wasSwiped)
@@ -74,6 +85,7 @@ T.SwipeDelegate {
             visible: row.swiped
             actions: row.actions
             onChosen: index => row.choose(index)
+            Component.onCompleted: row.uncovered = this
         }
     }
 

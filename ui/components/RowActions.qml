@@ -13,11 +13,23 @@ Row {
 
     signal chosen(index: int)
 
+    // Which action lies at a point of this; -1 for none.
+    function indexAt(place: point): int {
+        for (let i = 0; i < repeater.count; ++i) {
+            const action = repeater.itemAt(i);
+            if (place.x >= action.x && place.x < action.x + action.width)
+                return i;
+        }
+        return -1;
+    }
+
     leftPadding: Theme.tightSpacing
     rightPadding: Theme.tightSpacing
     spacing: Theme.tightSpacing
 
     Repeater {
+        id: repeater
+
         model: behind.actions
 
         Item {
