@@ -14,7 +14,7 @@ void ExercisesSection::setUnfilteredRows(QList<Row> rows) {
     if (rows == m_unfilteredRows)
         return;
     m_unfilteredRows = std::move(rows);
-    m_sorted.clear();
+    m_isSorted = false;
     m_lowerCaseNames.clear();
     m_lowerCaseNames.reserve(m_unfilteredRows.size());
     for (const Row& row : std::as_const(m_unfilteredRows))
@@ -23,7 +23,7 @@ void ExercisesSection::setUnfilteredRows(QList<Row> rows) {
 
 void ExercisesSection::setSortOrder(SortOrder order) {
     if (std::exchange(m_sortOrder, order) != order)
-        m_sorted.clear();
+        m_isSorted = false;
 }
 
 QList<ExercisesSection::Row> ExercisesSection::rows(const QList<DailyLogSection::Row>& dailyLogRows,
@@ -31,7 +31,7 @@ QList<ExercisesSection::Row> ExercisesSection::rows(const QList<DailyLogSection:
     QSet<Exercise> practisedToday;
     for (const DailyLogSection::Row& row : dailyLogRows)
         practisedToday += row.session.exercise;
-    if (m_sorted.empty())
+    if (!std::exchange(m_isSorted, true))
         sort();
     const LowerCaseSearch search(searchBarText);
     QList<Row> shown;
@@ -46,12 +46,17 @@ QList<ExercisesSection::Row> ExercisesSection::rows(const QList<DailyLogSection:
 }
 
 void ExercisesSection::sort() const {
-    m_sorted.resize(static_cast<std::size_t>(m_unfilteredRows.size()));
+    const auto before = [this](qsizetype a, qsizetype b) {
+        return comesBefore(m_unfilteredRows.at(a), m_unfilteredRows.at(b), m_sortOrder);
+    };
+    // Most changes, such as a recorded session, leave the order as it was.
+    const auto count = static_cast<std::size_t>(m_unfilteredRows.size());
+    if (m_sorted.size() == count && std::ranges::is_sorted(m_sorted, before))
+        return;
+    m_sorted.resize(count);
     std::iota(m_sorted.begin(), m_sorted.end(), 0);
     // Stable, so that items of one name keep the user's order.
-    std::ranges::stable_sort(m_sorted, [this](qsizetype a, qsizetype b) {
-        return comesBefore(m_unfilteredRows.at(a), m_unfilteredRows.at(b), m_sortOrder);
-    });
+    std::ranges::stable_sort(m_sorted, before);
 }
 
 bool ExercisesSection::comesBefore(const Row& a, const Row& b, SortOrder order) {

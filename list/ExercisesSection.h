@@ -45,7 +45,8 @@ private:
     QList<Row> m_unfilteredRows;
     QStringList m_lowerCaseNames; // of the rows, in their order
     SortOrder m_sortOrder = SortOrder::name;
-    mutable std::vector<qsizetype> m_sorted; // positions of the rows; empty until they are needed
+    mutable std::vector<qsizetype> m_sorted; // positions of the rows, in order once that is needed
+    mutable bool m_isSorted = false;
 };
 
 // Names in lower case that contain the text in lower case; an empty text is contained in all.

@@ -57,10 +57,10 @@ T.SwipeDelegate {
     swipe.left: mirrored && actions.length > 0 ? behind : null
     onPressed: wasSwiped = swiped
     onClicked: swiped ? tappedAside() : opened()
-    // That is what comes of a tap on a row that lies aside.
+    // That is what comes of a tap on a row that lies aside, after what lies behind it has answered.
     onCanceled: {
-        if (wasSwiped)
-            swipe.close();
+        if (wasSwiped && swiped)
+            tappedAside();
     }
     // It may come to show something else.
     onTextChanged: swipe.close()
