@@ -22,6 +22,7 @@ public:
     void deleting(const Exercise& exercise);
 
     bool isThere() const { return m_removal.has_value(); }
+    bool isOf(const Exercise& exercise) const { return m_removal && m_removal->exercise.id == exercise.id; }
     // Such as "Archived “C Major Scales”": the verb first, so that a long name can be cut short. Empty without one.
     QString text() const;
 

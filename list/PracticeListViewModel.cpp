@@ -174,7 +174,9 @@ void PracticeListViewModel::setSearchBarText(const QString& text) {
 }
 
 bool PracticeListViewModel::isEmpty() const {
-    return m_exercises.unfilteredRows().isEmpty() && m_archive.items().isEmpty() && m_shownSessions.isEmpty();
+    // While something is searched for, the search stays in sight so that it can be given up.
+    return !isSearching() && m_exercises.unfilteredRows().isEmpty() && m_archive.items().isEmpty() &&
+           m_shownSessions.isEmpty();
 }
 
 bool PracticeListViewModel::nothingIsFound() const {
@@ -315,6 +317,11 @@ void PracticeListViewModel::archive(const PracticeSession& session) {
 }
 
 void PracticeListViewModel::unarchive(const Exercise& exercise) {
+    if (m_lastRemoval.isOf(exercise)) {
+        // There is nothing left to take back.
+        m_lastRemoval.forget();
+        setUndoText(QString());
+    }
     m_singletons.exercises.unarchive(exercise);
     log(QStringLiteral("unarchived exercise: ") + exercise.name);
     asynchronouslyReloadData();

@@ -95,7 +95,7 @@ public:
     const QString& searchBarText() const { return m_searchBarText; }
     void setSearchBarText(const QString& text);
     bool isSearching() const { return !m_searchBarText.isEmpty(); }
-    // There is no item at all, not even an archived one, and nothing was practised today.
+    // There is no item at all, not even an archived one, nothing was practised today, and nothing is searched for.
     bool isEmpty() const;
     // There are items, and none is called what is searched for.
     bool nothingIsFound() const;

@@ -137,7 +137,10 @@ TEST_F(PracticeListActionsTest, UndoKeepsWhatHappenedMeanwhile) {
     list->undo();
     EXPECT_EQ(items().at(1).name, QStringLiteral("B flat"));
     list->archive(a);
+    list->unarchive(c);
+    EXPECT_EQ(list->undoText(), QStringLiteral("Archived “A”"));
     list->unarchive(a);
+    EXPECT_EQ(list->undoText(), QString());
     list->undo();
     EXPECT_EQ(items().count(a), 1) << "it had come back by hand";
     EXPECT_TRUE(archived().isEmpty());

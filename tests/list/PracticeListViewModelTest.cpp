@@ -130,6 +130,20 @@ TEST_F(PracticeListViewModelTest, TheThreeSearchesDifferInCase) {
     }
 }
 
+TEST_F(PracticeListViewModelTest, ASearchIsNeverTakenForAnEmptyList) {
+    record(a, 60);
+    singletons().exercises.setItems({});
+    PracticeListViewModel list(singletons(), world.platform);
+    EXPECT_FALSE(list.isEmpty()) << "there is today's log";
+    list.setSearchBarText(QStringLiteral("violin"));
+    EXPECT_FALSE(list.isEmpty()) << "or the search could not be given up";
+    EXPECT_TRUE(list.nothingIsFound());
+    list.setSearchBarText(QString());
+    singletons().dailyLog.setPracticeSessions({});
+    world.mainQueue.runDue();
+    EXPECT_TRUE(list.isEmpty());
+}
+
 TEST_F(PracticeListViewModelTest, AnItemOfTheSearchedNameCanBeAdded) {
     PracticeListViewModel list(singletons(), world.platform);
     list.addSearchedItem();

@@ -71,6 +71,7 @@ TEST_F(ListScreensTest, SearchingFiltersAndCanBeGivenUp) {
     EXPECT_EQ(rowText("archive_row_0"), "Old scales") << "the archive opens for what is found in it";
     ASSERT_TRUE(ui.click(QStringLiteral("search_clear_button")));
     EXPECT_EQ(ui.list().searchBarText(), QString());
+    EXPECT_EQ(ui.find(QStringLiteral("archive_row_0")), nullptr) << "and is as it was before";
     EXPECT_NE(ui.find(QStringLiteral("daily_log_row_0")), nullptr);
     ui.click(QStringLiteral("search_field"));
     ui.type(QStringLiteral("a b"));
@@ -258,13 +259,25 @@ TEST_F(ListScreensTest, ALongArchiveScrollsWithTheRest) {
 }
 
 TEST_F(ListScreensTest, TheReviewCardShowsOnceItIsAskedFor) {
-    ui.addExercises({QStringLiteral("Arpeggios"), QStringLiteral("Long tones")});
-    ui.practise(QStringLiteral("Arpeggios"), 181 * 60, SessionType::timer);
+    for (int i = 0; i < 30; ++i)
+        ui.addExercises({QStringLiteral("Study %1").arg(i)});
+    ui.practise(QStringLiteral("Study 0"), 181 * 60, SessionType::timer);
     ui.open();
     EXPECT_EQ(ui.find(QStringLiteral("review_close_button")), nullptr);
+    const QList<Exercise> studies = items();
+    ui.singletons().exercises.setItems({});
+    ui.singletons().dailyLog.setPracticeSessions({});
     ui.click(QStringLiteral("thanks_tab"));
     ui.click(QStringLiteral("practice_tab"));
-    EXPECT_NE(ui.find(QStringLiteral("review_open_button")), nullptr);
+    EXPECT_TRUE(ui.list().requestToPresentAppStoreReview()) << "it waits for a list to stand in";
+    ui.singletons().exercises.setItems(studies);
+    ui.find(QStringLiteral("exercise_list"))->setProperty("contentY", 600);
+    ui.click(QStringLiteral("thanks_tab"));
+    ui.click(QStringLiteral("practice_tab"));
+    ASSERT_NE(ui.find(QStringLiteral("review_open_button")), nullptr);
+    EXPECT_TRUE(
+        ui.area(QStringLiteral("exercise_list")).contains(ui.area(QStringLiteral("review_open_button")).center()))
+        << "however far the list was scrolled";
     EXPECT_FALSE(ui.list().requestToPresentAppStoreReview()) << "showing it counts as having asked";
     ASSERT_TRUE(ui.click(QStringLiteral("review_close_button")));
     EXPECT_EQ(ui.find(QStringLiteral("review_open_button")), nullptr);

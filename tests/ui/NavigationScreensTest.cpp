@@ -152,6 +152,14 @@ TEST_F(NavigationScreensTest, TheOneItemOpensAtLaunchOverTheList) {
     ASSERT_NE(ui.find(QStringLiteral("exercise_row_0")), nullptr);
     ui.press(Qt::Key_Space);
     EXPECT_FALSE(ui.list().metronomeViewModel()->isPlaying()) << "now the list has it";
+
+    const auto reloads = [this] {
+        return console.lines().count(QStringLiteral("PracticeListViewModel.asynchronouslyReloadData"));
+    };
+    EXPECT_EQ(reloads(), 0) << "the list appeared for the first time";
+    openItem();
+    ui.press(Qt::Key_Escape);
+    EXPECT_EQ(reloads(), 1);
 }
 
 TEST_F(NavigationScreensTest, ARunningPracticeIsFoundAsItWasLeft) {

@@ -1,6 +1,7 @@
 #include "model/StoredSettings.h"
 #include "tests/support/LogCapture.h"
 #include "tests/ui/UiWorld.h"
+#include "tests/ui/WarningCollector.h"
 
 #include <QAccessible>
 #include <QTest>
@@ -13,20 +14,9 @@ namespace {
 using namespace std::chrono_literals;
 using test::UiWorld;
 
-// A warning of the QML engine is a fault: a name that is not there, a binding that turns in circles, a missing picture.
-QStringList warnings;
-
-void collectWarnings(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (type != QtDebugMsg && type != QtInfoMsg)
-        warnings.append(message);
-}
-
 class ScreensTest : public testing::Test {
 protected:
-    ScreensTest() : m_before(qInstallMessageHandler(collectWarnings)) { warnings.clear(); }
-    ~ScreensTest() override { qInstallMessageHandler(m_before); }
-
-    void TearDown() override { EXPECT_EQ(warnings.join(QLatin1Char('\n')).toStdString(), ""); }
+    void TearDown() override { EXPECT_EQ(warnings.text(), ""); }
 
     // Opens with two items and today's practice of the second.
     void openFilled(QSize size = {390, 844}) {
@@ -43,11 +33,9 @@ protected:
 
     MetronomeViewModel& metronome() { return *ui.practice()->metronomeViewModel(); }
 
+    const test::WarningCollector warnings;
     const test::LogCapture console;
     UiWorld ui;
-
-private:
-    const QtMessageHandler m_before;
 };
 
 TEST_F(ScreensTest, TheEmptyListSaysWhatToDoNext) {

@@ -7,6 +7,18 @@ BaseButton {
 
     property string iconName
     property bool expanded: true
+    // Before `unfold`.
+    property bool wasExpanded: true
+
+    // Shows the section for a while, however it was.
+    function unfold() {
+        wasExpanded = expanded;
+        expanded = true;
+    }
+
+    function foldAgain() {
+        expanded = expanded && wasExpanded;
+    }
 
     implicitHeight: Math.max(Theme.touchTarget, Math.ceil(title.height) + Theme.spacing)
     focusRadius: Theme.fieldRadius

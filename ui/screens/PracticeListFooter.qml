@@ -15,7 +15,6 @@ Item {
     property real scrolledAway: 0
     property real viewHeight: 0
 
-    property alias expanded: title.expanded
     readonly property Item firstTitle: title
     // Where the arrows are within the archive; null while it has no row to show.
     readonly property Item currentRow: rows.count > 0 ? rows.currentItem : null
@@ -30,6 +29,14 @@ Item {
     signal rowSwiped(row: ListRow)
     // Up or Down was pressed where no row of the archive lies that way. The list above would move among its items.
     signal stepped(forward: bool)
+
+    function unfold() {
+        title.unfold();
+    }
+
+    function foldAgain() {
+        title.foldAgain();
+    }
 
     readonly property real cardTop: Theme.mediumSpacing + title.height
 

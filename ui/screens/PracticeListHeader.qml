@@ -20,6 +20,16 @@ Item {
     signal stepped(forward: bool)
     signal rowSwiped(row: ListRow)
 
+    function unfold() {
+        logTitle.unfold();
+        itemsTitle.unfold();
+    }
+
+    function foldAgain() {
+        logTitle.foldAgain();
+        itemsTitle.foldAgain();
+    }
+
     implicitHeight: page.height
     Keys.onDownPressed: stepped(true)
     Keys.onUpPressed: stepped(false)

@@ -16,8 +16,20 @@ FocusScope {
     readonly property bool flat: height < 480 && columnWidth >= 480
     readonly property Item lastStop: archive.visible ? archive.lastStop
                                    : items.currentItem ? items.currentItem : titles.lastTitle
+    readonly property bool searching: list.isSearching
     // The one row that is swiped aside.
     property ListRow swipedRow: null
+
+    // What is found may lie in a section that was folded away.
+    onSearchingChanged: {
+        if (searching) {
+            titles.unfold();
+            archive.unfold();
+        } else {
+            titles.foldAgain();
+            archive.foldAgain();
+        }
+    }
 
     // Up and Down lead through the titles, today's log, the items and the archive; among the rows of the latter two
     // their views move by themselves.
@@ -78,8 +90,11 @@ FocusScope {
         target: screen.list
 
         function onReviewChanged() {
-            if (screen.list.requestToPresentAppStoreReview)
-                screen.list.presentReview();
+            // The card stands above the rows. Where there are none it waits for another time.
+            if (!screen.list.requestToPresentAppStoreReview || !items.visible)
+                return;
+            items.toTop();
+            screen.list.presentReview();
         }
 
         function onRowMenuChanged() {
@@ -87,10 +102,7 @@ FocusScope {
         }
 
         function onSearchBarTextChanged() {
-            // What is found may lie in the archive.
-            if (screen.list.isSearching)
-                archive.expanded = true;
-            items.contentY = items.originY - items.topMargin;
+            items.toTop();
         }
     }
 
@@ -173,6 +185,10 @@ FocusScope {
                 positionViewAtIndex(currentIndex, ListView.Contain);
         }
 
+        function toTop() {
+            contentY = originY - topMargin;
+        }
+
         objectName: "exercise_list"
         anchors.top: title.bottom
         anchors.topMargin: search.visible && !screen.flat ? search.height + Theme.smallSpacing : 0
@@ -201,7 +217,7 @@ FocusScope {
         // What is at the top stays there while the titles above it grow or shrink.
         onTopMarginChanged: {
             if (contentY < originY)
-                contentY = originY - topMargin;
+                toTop();
         }
 
         PracticeListHeader {
