@@ -185,13 +185,21 @@ TEST_F(NavigationScreensTest, ARunningPracticeIsFoundAsItWasLeft) {
     EXPECT_FALSE(ui.practice()->metronomeViewModel()->isPlaying()) << "it has the keyboard again";
 }
 
-TEST_F(NavigationScreensTest, AWideWindowKeepsTheTabsBesideThePractice) {
-    openPractice({1180, 820});
-    ASSERT_TRUE(ui.click(QStringLiteral("history_tab")));
-    ASSERT_TRUE(ui.click(QStringLiteral("practice_tab")));
-    EXPECT_NE(ui.find(QStringLiteral("timer_button")), nullptr);
-    ui.resize({844, 390});
+TEST_F(NavigationScreensTest, TheTabsStayWithThePracticeWhereThereIsRoom) {
+    openPractice();
+    for (const QSize size : {QSize(1180, 820), QSize(390, 844)}) {
+        ui.resize(size);
+        ASSERT_TRUE(ui.click(QStringLiteral("history_tab"))) << size.width();
+        ASSERT_TRUE(ui.click(QStringLiteral("practice_tab")));
+        EXPECT_NE(ui.find(QStringLiteral("timer_button")), nullptr);
+    }
+    ui.appearance().setTextScale(2);
     EXPECT_EQ(ui.find(QStringLiteral("history_tab")), nullptr);
+    ui.appearance().setTextScale(1);
+    for (const QSize size : {QSize(844, 390), QSize(360, 640)}) {
+        ui.resize(size);
+        EXPECT_EQ(ui.find(QStringLiteral("history_tab")), nullptr) << size.width();
+    }
 }
 
 TEST_F(NavigationScreensTest, TheListHandsItsMetronomeOverAndTakesItBack) {

@@ -14,8 +14,9 @@ Window {
     readonly property int tab: tabs.selectedTabIndex
     // In a low or very wide window the tabs stand beside the screen and leave it the height.
     readonly property bool rail: width > height && (height < 560 || width >= 1000)
-    // An opened practice screen has the window to itself, unless that is wide enough for both.
-    readonly property bool tabsShown: tab !== 0 || navigation.depth === 0 || (rail && width >= 1000)
+    // An opened practice screen has the window to itself, unless that has room for both.
+    readonly property bool tabsShown: tab !== 0 || navigation.depth === 0
+                                      || (rail ? width >= 1000 : height >= 780 * Theme.textScale)
     readonly property int railWidth: rail && tabsShown ? tabBar.implicitWidth : 0
     readonly property int footHeight: !rail && tabsShown ? tabBar.implicitHeight : 0
 
