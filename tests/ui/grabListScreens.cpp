@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QTest>
 
+#include <algorithm>
 #include <cstdio>
 
 // Grabs the practice list in all its states to PNG files: grab_list_screens <folder>.
@@ -31,7 +32,23 @@ void fill(UiWorld& ui) {
         {{QStringLiteral("Kreutzer 2"), ui.world.uuids.next()}, {QStringLiteral("Old scales"), ui.world.uuids.next()}});
 }
 
+// Moves the list so far that the element is in sight.
+void uncover(UiWorld& ui, const QString& identifier) {
+    QQuickItem* const list = ui.find(QStringLiteral("exercise_list"));
+    const QRectF view = ui.area(QStringLiteral("exercise_list"));
+    const QRectF element = ui.area(identifier);
+    const double moved = std::max(0.0, element.bottom() - view.bottom()) + std::min(0.0, element.top() - view.top());
+    list->setProperty("contentY", list->property("contentY").toDouble() + moved);
+    ui.settle();
+}
+
+void click(UiWorld& ui, const QString& identifier) {
+    uncover(ui, identifier);
+    ui.click(identifier);
+}
+
 void swipe(UiWorld& ui, const QString& row) {
+    uncover(ui, row);
     QPointingDevice* const finger = QTest::createTouchDevice();
     const QPoint start = ui.area(row).center().toPoint();
     const bool mirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
@@ -51,7 +68,7 @@ void takeStates(Album& album, QSize size, const QString& suffix, qreal textScale
     ui.open(size);
     ui.appearance().setTextScale(textScale);
     album.take(ui, name("list"));
-    ui.click(QStringLiteral("archive_header"));
+    click(ui, QStringLiteral("archive_header"));
     album.take(ui, name("archive-open"));
     swipe(ui, QStringLiteral("exercise_row_1"));
     album.take(ui, name("swiped"));
@@ -66,11 +83,10 @@ void takeStates(Album& album, QSize size, const QString& suffix, qreal textScale
     ui.list().archive(ui.singletons().exercises.items().at(3));
     album.take(ui, name("undo"));
     ui.list().undo();
-    ui.click(QStringLiteral("daily_log_header"));
-    ui.click(QStringLiteral("exercises_header"));
-    ui.click(QStringLiteral("archive_header"));
+    click(ui, QStringLiteral("archive_header"));
+    click(ui, QStringLiteral("exercises_header"));
+    click(ui, QStringLiteral("daily_log_header"));
     album.take(ui, name("collapsed"));
-    ui.click(QStringLiteral("exercises_header"));
     ui.click(QStringLiteral("search_field"));
     ui.type(QStringLiteral("scale"));
     album.take(ui, name("found"));

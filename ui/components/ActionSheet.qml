@@ -80,6 +80,8 @@ PopupBase {
                 TextLabel {
                     width: parent.width
                     horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                    maximumLineCount: 3
                     kind: TextLabel.Heading
                     text: sheet.title
                 }

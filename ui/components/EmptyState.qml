@@ -17,6 +17,8 @@ Column {
 
     Surface {
         anchors.horizontalCenter: parent.horizontalCenter
+        // In a low window the words and the button come first.
+        visible: empty.Window.height >= 480
         width: 112
         height: width
         radius: width / 2

@@ -65,14 +65,27 @@ Item {
         onLongPressed: bar.metronome.plusLongPressed()
     }
 
+    TextLabel {
+        id: tapWord
+
+        visible: false
+        kind: TextLabel.Strong
+        text: "Tap"
+    }
+
+    // A picture where the word has no room.
     PillButton {
+        readonly property real room: play.x - x - Theme.tightSpacing
+        readonly property bool wordFits: Math.ceil(tapWord.implicitWidth) + leftPadding + rightPadding <= room
+
         objectName: "tap_tempo_button"
         anchors.left: plus.right
         anchors.leftMargin: Theme.tightSpacing
         anchors.verticalCenter: parent.verticalCenter
-        width: Math.min(implicitWidth, play.x - x - Theme.tightSpacing)
+        width: Math.min(implicitWidth, room)
         text: "Tap Tempo"
-        caption: "Tap"
+        caption: wordFits ? tapWord.text : ""
+        iconName: wordFits ? "" : "hand.tap"
         look: PillButton.Plain
         leftPadding: Theme.spacing
         rightPadding: Theme.spacing

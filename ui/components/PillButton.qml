@@ -60,6 +60,7 @@ BaseButton {
                 id: words
 
                 anchors.verticalCenter: parent.verticalCenter
+                visible: text !== ""
                 width: Math.min(implicitWidth, button.availableWidth - button.besides)
                 kind: TextLabel.Strong
                 text: button.caption
