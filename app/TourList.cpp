@@ -1,6 +1,8 @@
 #include "app/Tour.h"
 #include "model/SettingsKeys.h"
 
+#include <QUuid>
+
 namespace tamsel {
 
 void Tour::workTheList() {
@@ -50,7 +52,7 @@ void Tour::workTheList() {
     expect(QStringLiteral("the item is back"), stores.exercises.archivedItems().isEmpty());
     find(QStringLiteral("exercise_row_0")).forceActiveFocus(Qt::TabFocusReason);
     press(Qt::Key_Delete);
-    // The search has opened the archive already.
+    tap(QStringLiteral("archive_header"));
     find(QStringLiteral("archive_row_0"));
     picture(QStringLiteral("list-archive"));
     for (const QString& title :
@@ -71,6 +73,30 @@ void Tour::workTheList() {
     tap(QStringLiteral("review_close_button"));
     stores.history.setEvents(events);
     tell(QStringLiteral("was thanked for three hours of practice"));
+
+    m_app.content().tabViewModel()->setShowUnreadVariantOfThanksTabItem(true);
+    picture(QStringLiteral("tabs-badge"));
+    tap(QStringLiteral("thanks_tab"));
+    tap(QStringLiteral("practice_tab"));
+    expect(QStringLiteral("the badge goes when its tab is opened"),
+           !m_app.content().tabViewModel()->showUnreadVariantOfThanksTabItem());
+    picture(QStringLiteral("tabs-no-badge"));
+
+    QList<Exercise> hundreds = {
+        {QStringLiteral("A study of a name that is longer than any line: third movement, bars 120 to 188"),
+         QUuid::createUuid()}};
+    for (int i = 1; i < 300; ++i)
+        hundreds += {QStringLiteral("Study %1").arg(i), QUuid::createUuid()};
+    stores.exercises.setItems(hundreds);
+    tap(QStringLiteral("exercises_header"));
+    find(QStringLiteral("exercise_row_5"));
+    picture(QStringLiteral("list-hundreds"));
+    stores.exercises.setItems({});
+    stores.exercises.setArchivedItems({});
+    stores.dailyLog.setPracticeSessions({});
+    find(QStringLiteral("add_first_item_button"));
+    picture(QStringLiteral("list-empty"));
+    tell(QStringLiteral("saw the list with hundreds of items and with none"));
 }
 
 } // namespace tamsel
