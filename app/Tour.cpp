@@ -44,6 +44,8 @@ bool Tour::take(const QString& stage) {
             findPracticeAgain();
         else if (stage == QStringLiteral("list"))
             workTheList();
+        else if (stage == QStringLiteral("history"))
+            showHistory();
         else if (stage == QStringLiteral("tools")) {
             useTheTools();
             tell(QStringLiteral("worked the six tools, the settings sheet, the notes and the item's history"));

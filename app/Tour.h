@@ -22,7 +22,8 @@ public:
 
     // "practice": adds an item, plays, runs a timer, saves. "restart": finds the practice in today's log.
     // "tools": works the tools, the settings sheet and the notes of the practice screen. "list": searches, sorts,
-    // archives and takes back. Tells each step on standard output. False when something was not as it should be.
+    // archives and takes back. "history": looks through two made-up years, and removes them again. Tells each step on
+    // standard output. False when something was not as it should be.
     bool take(const QString& stage);
 
 private:
@@ -32,6 +33,7 @@ private:
     void findPracticeAgain();
     void useTheTools();
     void workTheList();
+    void showHistory();
 
     // Each throws `Failed`, with a line that says what was missing.
     QQuickItem& find(const QString& identifier);

@@ -33,6 +33,7 @@ Q_IMPORT_QML_PLUGIN(Tamsel_AppPlugin)
 Q_IMPORT_QML_PLUGIN(Tamsel_ListPlugin)
 Q_IMPORT_QML_PLUGIN(Tamsel_MetronomePlugin)
 Q_IMPORT_QML_PLUGIN(Tamsel_PracticePlugin)
+Q_IMPORT_QML_PLUGIN(Tamsel_ReportsPlugin)
 Q_IMPORT_QML_PLUGIN(Tamsel_UiPlugin)
 
 namespace tamsel {

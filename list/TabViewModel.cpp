@@ -18,7 +18,7 @@ bool hasUnreadThanksMessage(const SettingsStore& store) {
 
 TabViewModel::TabViewModel(Singletons& singletons, const Platform& platform, const Coordinator& coordinator)
     : m_singletons(singletons), m_practiceNavigationStack(singletons, platform, coordinator),
-      m_thanksViewModel(coordinator.tipProvider()),
+      m_historyNavigationStack(singletons, platform, coordinator), m_thanksViewModel(coordinator.tipProvider()),
       m_showUnreadVariantOfThanksTabItem(hasUnreadThanksMessage(singletons.userDefaults)) {}
 
 void TabViewModel::setSelectedTabIndex(int index) {

@@ -2,7 +2,7 @@
 
 #include "app/Singletons.h"
 #include "list/Coordinator.h"
-#include "list/NavigationStackViewModel.h"
+#include "list/HistoryNavigationStackViewModel.h"
 #include "list/PracticeNavigationStackViewModel.h"
 #include "list/TabItem.h"
 #include "list/ThanksViewModel.h"
@@ -28,7 +28,8 @@ class TabViewModel final : public QObject {
     Q_PROPERTY(tamsel::TabItem thanksTabItem READ thanksTabItem NOTIFY showUnreadVariantOfThanksTabItemChanged FINAL)
     Q_PROPERTY(
         tamsel::PracticeNavigationStackViewModel* practiceNavigationStack READ practiceNavigationStack CONSTANT FINAL)
-    Q_PROPERTY(tamsel::NavigationStackViewModel* historyNavigationStack READ historyNavigationStack CONSTANT FINAL)
+    Q_PROPERTY(
+        tamsel::HistoryNavigationStackViewModel* historyNavigationStack READ historyNavigationStack CONSTANT FINAL)
     Q_PROPERTY(tamsel::ThanksViewModel* thanksViewModel READ thanksViewModel CONSTANT FINAL)
 
 public:
@@ -51,7 +52,8 @@ public:
     TabItem historyTabItem() const;
     TabItem thanksTabItem() const;
     PracticeNavigationStackViewModel* practiceNavigationStack() { return &m_practiceNavigationStack; }
-    NavigationStackViewModel* historyNavigationStack() { return &m_historyNavigationStack; }
+    HistoryNavigationStackViewModel* historyNavigationStack() { return &m_historyNavigationStack; }
+    HistoryViewModel* historyViewModel() { return m_historyNavigationStack.historyViewModel(); }
     ThanksViewModel* thanksViewModel() { return &m_thanksViewModel; }
 
 Q_SIGNALS:
@@ -64,7 +66,7 @@ private:
     Singletons& m_singletons;
     int m_selectedTabIndex = practiceTabIndex;
     PracticeNavigationStackViewModel m_practiceNavigationStack;
-    NavigationStackViewModel m_historyNavigationStack;
+    HistoryNavigationStackViewModel m_historyNavigationStack;
     ThanksViewModel m_thanksViewModel;
     bool m_showUnreadVariantOfThanksTabItem;
 };

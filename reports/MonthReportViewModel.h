@@ -22,7 +22,7 @@ namespace tamsel {
 class MonthReportViewModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Made by the report stack")
+    QML_UNCREATABLE("Made by the coordinator")
 
     Q_PROPERTY(QString title READ title CONSTANT FINAL)
     Q_PROPERTY(QList<tamsel::ReportRow> rows READ rows CONSTANT FINAL)

@@ -17,7 +17,7 @@ namespace tamsel {
 class PracticeDayBreakdownViewModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Made by the report stack")
+    QML_UNCREATABLE("Made by the coordinator")
 
     Q_PROPERTY(QString title READ title CONSTANT FINAL)
     Q_PROPERTY(QString totalText READ totalText CONSTANT FINAL)

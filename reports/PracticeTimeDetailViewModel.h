@@ -28,7 +28,7 @@ namespace tamsel {
 class PracticeTimeDetailViewModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Made by the report stack")
+    QML_UNCREATABLE("Made by the coordinator")
 
     Q_PROPERTY(QString title READ title CONSTANT FINAL)
     Q_PROPERTY(QString exerciseName READ exerciseName CONSTANT FINAL)

@@ -68,4 +68,12 @@ void TopExercisesDetailViewModel::selectTimeRange(int option) {
         setTimeRange(m_ranges.at(option));
 }
 
+void TopExercisesDetailViewModel::openItem(int item) {
+    if (item < 0 || item >= data().size())
+        return;
+    // Events know their item by its name only, and so do the reports.
+    const Exercise exercise{data().at(item).exercise, QUuid()};
+    Q_EMIT destinationRequested({destinations::FromHistoryView::PracticeTime{exercise, m_timeRange}});
+}
+
 } // namespace tamsel

@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 #include "reports/ChartData.h"
 #include "reports/ItemColors.h"
+#include "reports/ReportDestinations.h"
 #include "reports/ReportRow.h"
 #include "reports/TimeRange.h"
 #include "reports/TimeRangeOption.h"
@@ -20,7 +21,7 @@ namespace tamsel {
 class TopExercisesDetailViewModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Made by the report stack")
+    QML_UNCREATABLE("Made by the coordinator")
 
     Q_PROPERTY(QString title READ title CONSTANT FINAL)
     Q_PROPERTY(QList<tamsel::TimeRangeOption> timeRangeOptions READ timeRangeOptions NOTIFY timeRangeChanged FINAL)
@@ -55,9 +56,12 @@ public:
     QString emptyText() const;
 
     Q_INVOKABLE void selectTimeRange(int option);
+    // Opens the practice time of one item in the present range.
+    Q_INVOKABLE void openItem(int item);
 
 Q_SIGNALS:
     void timeRangeChanged();
+    void destinationRequested(const tamsel::destinations::FromHistoryView& destination);
 
 private:
     ItemColors& m_colors;

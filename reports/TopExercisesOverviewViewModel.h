@@ -28,6 +28,7 @@ class TopExercisesOverviewViewModel final : public QObject {
     Q_PROPERTY(QString topExercise READ topExerciseText NOTIFY dataChanged FINAL)
     Q_PROPERTY(QList<tamsel::RankedItem> items READ items NOTIFY dataChanged FINAL)
     Q_PROPERTY(QString explanation READ explanation NOTIFY dataChanged FINAL)
+    Q_PROPERTY(QString rankingText READ rankingText CONSTANT FINAL)
     Q_PROPERTY(QString valueTitle READ valueTitle CONSTANT FINAL)
     Q_PROPERTY(QString nameTitle READ nameTitle CONSTANT FINAL)
 
@@ -44,6 +45,8 @@ public:
     QList<RankedItem> items() const;
     // What to read where there is no ranking; empty where there is one.
     QString explanation() const;
+    // Of the button below the explanation.
+    QString rankingText() const { return QStringLiteral("See the full ranking"); }
     QString valueTitle() const { return QStringLiteral("Minutes"); }
     QString nameTitle() const { return QStringLiteral("Name"); }
 

@@ -1,5 +1,6 @@
+#include "list/HistoryNavigationStackViewModel.h"
+#include "list/OpenReport.h"
 #include "model/SettingsKeys.h"
-#include "reports/HistoryNavigationStackViewModel.h"
 #include "reports/MonthReportViewModel.h"
 #include "reports/PracticeDayBreakdownViewModel.h"
 #include "reports/PracticeTimeDetailViewModel.h"
@@ -35,7 +36,7 @@ protected:
 
     HistoryNavigationStackViewModel& stack() {
         if (!m_stack)
-            m_stack.emplace(*journal.singletons, journal.platform);
+            m_stack.emplace(*journal.singletons, journal.platform, coordinator);
         return *m_stack;
     }
     HistoryViewModel& history() { return *stack().historyViewModel(); }
@@ -48,7 +49,7 @@ protected:
     }
     template <class T>
     T& top() {
-        auto* const model = qobject_cast<T*>(stack().reports()->top());
+        auto* const model = stack().depth() == 0 ? nullptr : qobject_cast<T*>(stack().screenModel(stack().depth() - 1));
         if (model == nullptr)
             throw std::runtime_error("another screen is on top");
         return *model;
@@ -56,6 +57,7 @@ protected:
 
     test::Journal journal;
     const test::LogCapture console;
+    const Coordinator coordinator{*journal.singletons, journal.platform, 1};
 
 private:
     std::optional<HistoryNavigationStackViewModel> m_stack;
@@ -81,7 +83,7 @@ TEST_F(HistoryViewModelTest, AnEmptyJournalHasSlotsButNoPractice) {
     EXPECT_NE(detail.emptyText(), QString());
     detail.openRow(0);
     detail.openBar(0);
-    EXPECT_EQ(stack().reports()->count(), 1) << "there is nothing to open";
+    EXPECT_EQ(stack().depth(), 1) << "there is nothing to open";
 }
 
 TEST_F(HistoryViewModelTest, TheSentencesFollowTheRange) {
@@ -117,11 +119,15 @@ TEST_F(HistoryViewModelTest, TheRangeIsRememberedAndBeginsWhereTheJournalOffersI
     history().selectTimeRange(3);
     history().selectTimeRange(-1);
     EXPECT_EQ(selectedLabel(), QStringLiteral("12 months")) << "there is no such option";
-    EXPECT_EQ(HistoryNavigationStackViewModel(*journal.singletons, journal.platform).historyViewModel()->timeRange(),
+    EXPECT_EQ(HistoryNavigationStackViewModel(*journal.singletons, journal.platform, coordinator)
+                  .historyViewModel()
+                  ->timeRange(),
               TimeRange::last12Months);
     journal.add(800 * day, "A", 1);
     savePreferredTimeRange(journal.store, TimeRange::allMonths);
-    EXPECT_EQ(HistoryNavigationStackViewModel(*journal.singletons, journal.platform).historyViewModel()->timeRange(),
+    EXPECT_EQ(HistoryNavigationStackViewModel(*journal.singletons, journal.platform, coordinator)
+                  .historyViewModel()
+                  ->timeRange(),
               TimeRange::allMonths);
 }
 
@@ -180,13 +186,13 @@ TEST_F(HistoryViewModelTest, BarsAndRowsLeadToTheirDayAndMonth) {
     EXPECT_EQ(titlesOf(top<PracticeDayBreakdownViewModel>().reportRows()).join(QLatin1Char('/')),
               QStringLiteral("Étude, 5m"));
     EXPECT_EQ(top<PracticeDayBreakdownViewModel>().title(), QStringLiteral("March 12, 2024"));
-    stack().reports()->pop();
-    EXPECT_EQ(stack().reports()->count(), 0);
+    stack().pop();
+    EXPECT_EQ(stack().depth(), 0);
 
     history().setTimeRange(TimeRange::last12Months);
     history().openBar(10);
     EXPECT_EQ(top<MonthReportViewModel>().title(), QStringLiteral("February 2024"));
-    stack().reports()->clear();
+    stack().pop();
 
     history().openPracticeTime();
     auto& detail = top<PracticeTimeDetailViewModel>();
@@ -198,9 +204,9 @@ TEST_F(HistoryViewModelTest, BarsAndRowsLeadToTheirDayAndMonth) {
                                                    QStringLiteral("3/12/24: 5m"), QStringLiteral("Étude | 5m")}));
     month.openRow(2);
     EXPECT_EQ(top<PracticeDayBreakdownViewModel>().title(), QStringLiteral("March 12, 2024"));
-    EXPECT_EQ(stack().reports()->count(), 3);
-    stack().reports()->pop();
-    stack().reports()->pop();
+    EXPECT_EQ(stack().depth(), 3);
+    stack().pop();
+    stack().pop();
     detail.setTimeRange(TimeRange::last7Days);
     detail.openBar(6);
     EXPECT_EQ(top<PracticeDayBreakdownViewModel>().title(), QStringLiteral("March 14, 2024"));
@@ -210,8 +216,9 @@ TEST_F(HistoryViewModelTest, TheDetailOfOneItemIsFixedWhenItIsOpened) {
     journal.add(60, "Scales", 65);
     journal.add(60, "Étude", 5);
     journal.add(day, "Scales", 20);
-    stack().reports()->open({destinations::FromHistoryView::PracticeTime{Exercise{QStringLiteral("Scales"), QUuid()},
-                                                                         TimeRange::last30Days}});
+    openReport(stack(), coordinator,
+               destinations::FromHistoryView{destinations::FromHistoryView::PracticeTime{
+                   Exercise{QStringLiteral("Scales"), QUuid()}, TimeRange::last30Days}});
     auto& detail = top<PracticeTimeDetailViewModel>();
     journal.add(120, "Scales", 1);
     EXPECT_EQ(titlesOf(detail.rows()).mid(0, 3),

@@ -98,6 +98,7 @@ Window {
             visible: window.tab === 1
             navigation: window.tabs.historyNavigationStack
             firstFile: "HistoryScreen.qml"
+            firstGiven: ({"history": window.tabs.historyNavigationStack.historyViewModel, "focus": true})
         }
 
         OnDemand {

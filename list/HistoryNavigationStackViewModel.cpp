@@ -1,5 +1,6 @@
-#include "reports/HistoryNavigationStackViewModel.h"
+#include "list/HistoryNavigationStackViewModel.h"
 
+#include "list/OpenReport.h"
 #include "platform/Log.h"
 #include "reports/ReportData.h"
 
@@ -19,13 +20,17 @@ TimeRange firstTimeRange(const Singletons& singletons, const Platform& platform)
 
 } // namespace
 
-HistoryNavigationStackViewModel::HistoryNavigationStackViewModel(Singletons& singletons, const Platform& platform)
-    : m_reports(singletons, platform),
-      m_historyViewModel(singletons, platform, m_reports.colors(), firstTimeRange(singletons, platform)) {
+HistoryNavigationStackViewModel::HistoryNavigationStackViewModel(Singletons& singletons, const Platform& platform,
+                                                                 const Coordinator& coordinator)
+    : m_historyViewModel(singletons, platform, coordinator.itemColors(), firstTimeRange(singletons, platform)) {
     connect(&m_historyViewModel, &HistoryViewModel::historyDestinationRequested, this,
-            [this](const destinations::FromHistoryView& destination) { m_reports.open(destination); });
+            [this, &coordinator](const destinations::FromHistoryView& destination) {
+                openReport(*this, coordinator, destination);
+            });
     connect(&m_historyViewModel, &HistoryViewModel::barDestinationRequested, this,
-            [this](const destinations::FromPracticeTimeDetailView& destination) { m_reports.open(destination); });
+            [this, &coordinator](const destinations::FromPracticeTimeDetailView& destination) {
+                openReport(*this, coordinator, destination);
+            });
 }
 
 } // namespace tamsel
