@@ -12,6 +12,12 @@ enum ExitCode : int {
     exitUsage = 2,   // was not asked properly; likewise
 };
 
+// What a command that shows something has to say: its output, or the line that says why there is none.
+struct Answer {
+    ExitCode code = exitDone;
+    QString text;
+};
+
 // One command of tamselctl. `run` gets the arguments behind the command's name.
 struct Command {
     const char* name;

@@ -1,11 +1,15 @@
 #include "ctl/Journal.h"
 
+#include "app/SettingsStoreChoice.h"
 #include "model/Json.h"
 #include "model/SettingsFile.h"
 #include "model/SettingsKeys.h"
+#include "model/SqliteSettingsStore.h"
 #include "model/StoredDocument.h"
 #include "platform/Log.h"
+#include "reports/TimeRange.h"
 
+#include <QDate>
 #include <QFileInfo>
 
 #include <cstdio>
@@ -34,6 +38,33 @@ Journal::Opened Journal::open(const QString& path) {
         return {nullptr, QStringLiteral("cannot read %1: %2").arg(path, events.problem)};
     journal->m_singletons.emplace(journal->m_store, journal->m_platform, journal->m_output, journal->m_session);
     return {std::move(journal), {}};
+}
+
+ExitCode tellFromJournal(const QStringList& arguments,
+                         Answer (*answer)(const QStringList& arguments, Singletons& singletons,
+                                          const Platform& platform)) {
+    const auto opened = Journal::open(SqliteSettingsStore::filePath(standardDataFolder()));
+    if (!opened.journal)
+        return fail(exitRefused, opened.failure);
+    const Answer given = answer(arguments, opened.journal->singletons(), opened.journal->platform());
+    if (given.code != exitDone)
+        return fail(given.code, given.text);
+    std::fputs(given.text.toUtf8().constData(), stdout);
+    return exitDone;
+}
+
+QString calendarDate(int dayNumber, bool withDay) {
+    const QDate date = QDate(1970, 1, 1).addDays(dayNumber);
+    const QString month =
+        QStringLiteral("%1-%2").arg(date.year(), 4, 10, QLatin1Char('0')).arg(date.month(), 2, 10, QLatin1Char('0'));
+    return withDay ? QStringLiteral("%1-%2").arg(month).arg(date.day(), 2, 10, QLatin1Char('0')) : month;
+}
+
+QStringList timeRangeNames() {
+    QStringList names;
+    for (const TimeRange range : everyTimeRange())
+        names += caseName(range);
+    return names;
 }
 
 } // namespace tamsel::ctl

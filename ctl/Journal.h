@@ -1,12 +1,14 @@
 #pragma once
 
 #include "app/Singletons.h"
+#include "ctl/Command.h"
 #include "metronome/OfflineOutput.h"
 #include "metronome/SystemAudioSession.h"
 #include "model/MemorySettingsStore.h"
 #include "platform/Platform.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -47,5 +49,16 @@ private:
     SystemAudioSession m_session;
     std::optional<Singletons> m_singletons;
 };
+
+// Answers from the user's data and tells what came of it.
+ExitCode tellFromJournal(const QStringList& arguments,
+                         Answer (*answer)(const QStringList& arguments, Singletons& singletons,
+                                          const Platform& platform));
+
+// A numbered day as YYYY-MM-DD, or its month as YYYY-MM.
+QString calendarDate(int dayNumber, bool withDay);
+
+// The ranges by their names in commands: "last7Days" and so on.
+QStringList timeRangeNames();
 
 } // namespace tamsel::ctl

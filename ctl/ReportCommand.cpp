@@ -1,9 +1,7 @@
 #include "ctl/ReportCommand.h"
 
-#include "app/SettingsStoreChoice.h"
 #include "ctl/Journal.h"
 #include "ctl/JsonText.h"
-#include "model/SqliteSettingsStore.h"
 #include "reports/Formats.h"
 #include "reports/HistoryViewModel.h"
 #include "reports/MonthReportViewModel.h"
@@ -20,7 +18,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <optional>
 
 namespace tamsel::ctl {
@@ -35,22 +32,8 @@ struct Misunderstood {
     QString line;
 };
 
-QStringList rangeNames() {
-    QStringList names;
-    for (const TimeRange range : everyTimeRange())
-        names += caseName(range);
-    return names;
-}
-
 QString lines(const QStringList& texts) {
     return texts.isEmpty() ? QString() : texts.join(QLatin1Char('\n')) + QLatin1Char('\n');
-}
-
-QString calendarDate(int dayNumber, bool withDay) {
-    const QDate date = QDate(epochYear, 1, 1).addDays(dayNumber);
-    const QString month =
-        QStringLiteral("%1-%2").arg(date.year(), 4, 10, QLatin1Char('0')).arg(date.month(), 2, 10, QLatin1Char('0'));
-    return withDay ? QStringLiteral("%1-%2").arg(month).arg(date.day(), 2, 10, QLatin1Char('0')) : month;
 }
 
 // What the words ask for, and what it takes to answer.
@@ -107,7 +90,7 @@ private:
             throw Misunderstood{
                 QStringLiteral("%1: expected one of %2")
                     .arg(name.isEmpty() ? QStringLiteral("--range is missing") : QStringLiteral("--range %1").arg(name),
-                         rangeNames().join(QStringLiteral(", ")))};
+                         timeRangeNames().join(QStringLiteral(", ")))};
         }
         return *range;
     }
@@ -139,7 +122,7 @@ private:
     const QCommandLineOption m_help{{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")};
     const QCommandLineOption m_json{QStringLiteral("json"), QStringLiteral("Write JSON, for scripts.")};
     const QCommandLineOption m_range{QStringLiteral("range"),
-                                     QStringLiteral("One of: %1.").arg(rangeNames().join(QStringLiteral(", "))),
+                                     QStringLiteral("One of: %1.").arg(timeRangeNames().join(QStringLiteral(", "))),
                                      QStringLiteral("range")};
     const QCommandLineOption m_exercise{QStringLiteral("exercise"), QStringLiteral("Only the practice of this item."),
                                         QStringLiteral("name")};
@@ -305,14 +288,7 @@ Answer reportAnswer(const QStringList& arguments, Singletons& singletons, const 
 }
 
 ExitCode report(const QStringList& arguments) {
-    const auto opened = Journal::open(SqliteSettingsStore::filePath(standardDataFolder()));
-    if (!opened.journal)
-        return fail(exitRefused, opened.failure);
-    const Answer answer = reportAnswer(arguments, opened.journal->singletons(), opened.journal->platform());
-    if (answer.code != exitDone)
-        return fail(answer.code, answer.text);
-    std::fputs(answer.text.toUtf8().constData(), stdout);
-    return exitDone;
+    return tellFromJournal(arguments, reportAnswer);
 }
 
 } // namespace tamsel::ctl

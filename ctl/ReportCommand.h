@@ -9,12 +9,6 @@
 
 namespace tamsel::ctl {
 
-// What a command has to say: its output, or the line that says why there is none.
-struct Answer {
-    ExitCode code = exitDone;
-    QString text;
-};
-
 // The report that the words behind `tamselctl report` ask for, as text or as JSON.
 Answer reportAnswer(const QStringList& arguments, Singletons& singletons, const Platform& platform);
 

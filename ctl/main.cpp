@@ -1,6 +1,7 @@
 #include "ctl/ClickCommand.h"
 #include "ctl/Command.h"
 #include "ctl/DataCommands.h"
+#include "ctl/ListCommand.h"
 #include "ctl/ReportCommand.h"
 #include "platform/Log.h"
 
@@ -21,6 +22,8 @@ constexpr std::array commands = {
     Command{"backups", "list the backups", listBackups},
     Command{"restore", "replace all data by that of a backup", restore},
     Command{"click", "write what the metronome would play as a WAV file", click},
+    Command{"list", "show the practice list", showList},
+    Command{"log", "show what was practised today", showLog},
     Command{"report", "show what was practised: days, months, items", report},
 };
 

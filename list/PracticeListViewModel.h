@@ -105,6 +105,10 @@ public:
     // Today's date and how long was practised; empty without a session to show.
     const QString& dailyLogTitle() const { return m_dailyLogTitle; }
     ListRowModel* dailyLogRows() { return &m_dailyLogRows; }
+    // What the rows show.
+    const QList<DailyLogSection::Row>& shownSessions() const { return m_shownSessions; }
+    const QList<ExercisesSection::Row>& shownExercises() const { return m_shownExercises; }
+    const QList<ArchiveSection::Row>& shownArchive() const { return m_shownArchive; }
     QString exercisesTitle() const { return QStringLiteral("Items"); }
     ListRowModel* exerciseRows() { return &m_exerciseRows; }
     QString archiveTitle() const { return QStringLiteral("Archive"); }

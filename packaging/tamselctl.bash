@@ -17,6 +17,16 @@ _tamselctl_report() {
     mapfile -t COMPREPLY < <(compgen -W "$words --help" -- "$current")
 }
 
+_tamselctl_list() {
+    case "$prev" in
+        --range) words="last7Days last30Days last90Days last12Months allMonths" ;;
+        --sort) words="name practiceRecency practiceTime" ;;
+        --search) return ;;
+        *) words="--search --sort --range --json --help" ;;
+    esac
+    mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
+}
+
 _tamselctl() {
     local current="${COMP_WORDS[COMP_CWORD]}" prev="${COMP_WORDS[COMP_CWORD - 1]}" words=""
     COMPREPLY=()
@@ -28,6 +38,8 @@ _tamselctl() {
     fi
     case "${COMP_WORDS[1]}" in
         report) _tamselctl_report ;;
+        log) mapfile -t COMPREPLY < <(compgen -W "--json --help" -- "$current") ;;
+        list) _tamselctl_list ;;
         *)
             case "$current" in
                 -*)

@@ -141,7 +141,10 @@ TEST_F(ReportCommandTest, TheProgramReadsAndLeavesTheDataAsItIs) {
     EXPECT_TRUE(utc.endsWith("{\"date\":\"2001-01\",\"title\":\"Jan 2001: 1m\",\"minutes\":1}]}\n"))
         << utc.right(200).toStdString();
     EXPECT_TRUE(here(allMonths, "America/New_York").output.contains("\"date\":\"2000-12\"")) << "it follows TZ";
-    EXPECT_EQ(bytes(), before);
+    const auto list = here({QStringLiteral("list"), QStringLiteral("--sort"), QStringLiteral("practiceTime")});
+    EXPECT_EQ(list.output, QByteArray("No items.\n")) << list.errors.toStdString();
+    EXPECT_EQ(here({QStringLiteral("log")}).output, QByteArray("Nothing recorded.\n"));
+    EXPECT_EQ(bytes(), before) << "the order asked for is not kept, nor is anything else";
 
     const auto wrong = here({QStringLiteral("report"), QStringLiteral("day"), QStringLiteral("today")});
     EXPECT_EQ(wrong.exitCode, 2);
