@@ -69,7 +69,7 @@ void Tour::useTheTools() {
     picture(QStringLiteral("notes"));
     press(Qt::Key_Escape);
     tap(QStringLiteral("history_button"));
-    find(QStringLiteral("history_day_0"));
+    find(QStringLiteral("practice_time_row_0"));
     picture(QStringLiteral("item-history"));
     press(Qt::Key_Escape);
 

@@ -1,11 +1,11 @@
 #include "list/Coordinator.h"
 
-#include "practice/ItemHistoryViewModel.h"
 #include "practice/NotesViewModel.h"
 #include "practice/PracticeViewModel.h"
 #include "reports/MonthReportViewModel.h"
 #include "reports/PracticeDayBreakdownViewModel.h"
 #include "reports/PracticeTimeDetailViewModel.h"
+#include "reports/ReportData.h"
 #include "reports/TopExercisesDetailViewModel.h"
 
 #include <memory>
@@ -32,9 +32,9 @@ StackedScreen Coordinator::screen(const destinations::FromPracticeView& destinat
     using enum destinations::FromPracticeView::Case;
     switch (destination.leadsTo) {
     case history:
-        return {QStringLiteral("ItemHistoryScreen.qml"), QStringLiteral("history"),
-                std::make_unique<ItemHistoryViewModel>(m_singletons.history, m_platform.calendar,
-                                                       destination.exercise.name)};
+        return screen(destinations::FromHistoryView{destinations::FromHistoryView::PracticeTime{
+            destination.exercise, firstTimeRange(m_singletons.history, m_singletons.userDefaults,
+                                                 m_platform.clock.now(), m_platform.calendar)}});
     case notes:
         break;
     }

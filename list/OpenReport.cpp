@@ -21,28 +21,28 @@ void follow(NavigationStackViewModel& stack, const Coordinator& coordinator, con
     }
 }
 
-void push(NavigationStackViewModel& stack, const Coordinator& coordinator, StackedScreen screen) {
-    follow(stack, coordinator, screen, &PracticeTimeDetailViewModel::destinationRequested);
-    follow(stack, coordinator, screen, &TopExercisesDetailViewModel::destinationRequested);
-    follow(stack, coordinator, screen, &MonthReportViewModel::destinationRequested);
-    stack.push(std::move(screen));
-}
-
 } // namespace
+
+void openReport(NavigationStackViewModel& stack, const Coordinator& coordinator, StackedScreen report) {
+    follow(stack, coordinator, report, &PracticeTimeDetailViewModel::destinationRequested);
+    follow(stack, coordinator, report, &TopExercisesDetailViewModel::destinationRequested);
+    follow(stack, coordinator, report, &MonthReportViewModel::destinationRequested);
+    stack.push(std::move(report));
+}
 
 void openReport(NavigationStackViewModel& stack, const Coordinator& coordinator,
                 const destinations::FromHistoryView& destination) {
-    push(stack, coordinator, coordinator.screen(destination));
+    openReport(stack, coordinator, coordinator.screen(destination));
 }
 
 void openReport(NavigationStackViewModel& stack, const Coordinator& coordinator,
                 const destinations::FromPracticeTimeDetailView& destination) {
-    push(stack, coordinator, coordinator.screen(destination));
+    openReport(stack, coordinator, coordinator.screen(destination));
 }
 
 void openReport(NavigationStackViewModel& stack, const Coordinator& coordinator,
                 const destinations::FromMonthReport& destination) {
-    push(stack, coordinator, coordinator.screen(destination));
+    openReport(stack, coordinator, coordinator.screen(destination));
 }
 
 } // namespace tamsel

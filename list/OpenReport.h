@@ -10,6 +10,8 @@ namespace tamsel {
 // coordinator must outlive the stack. Main thread only.
 void openReport(NavigationStackViewModel& stack, const Coordinator& coordinator,
                 const destinations::FromHistoryView& destination);
+// The same with a report that the coordinator has made already.
+void openReport(NavigationStackViewModel& stack, const Coordinator& coordinator, StackedScreen report);
 void openReport(NavigationStackViewModel& stack, const Coordinator& coordinator,
                 const destinations::FromPracticeTimeDetailView& destination);
 void openReport(NavigationStackViewModel& stack, const Coordinator& coordinator,

@@ -1,6 +1,8 @@
 #include "list/PracticeNavigationStackViewModel.h"
 
+#include "list/OpenReport.h"
 #include "practice/NotesViewModel.h"
+#include "reports/PracticeTimeDetailViewModel.h"
 
 #include <utility>
 
@@ -43,8 +45,8 @@ void PracticeNavigationStackViewModel::follow(PracticeViewModel& practice) {
     using destinations::FromPracticeView;
     connect(&practice, &PracticeViewModel::isShowingHistoryChanged, this, [this, &practice] {
         if (practice.isShowingHistory())
-            NavigationStackViewModel::push(
-                m_coordinator.screen(FromPracticeView::history(practice.exercise()), practice));
+            openReport(*this, m_coordinator,
+                       m_coordinator.screen(FromPracticeView::history(practice.exercise()), practice));
     });
     connect(&practice, &PracticeViewModel::isShowingNotesChanged, this, [this, &practice] {
         if (practice.isShowingNotes())
@@ -78,7 +80,8 @@ void PracticeNavigationStackViewModel::leaving(QObject& screenModel) {
     else if (auto* const notes = qobject_cast<NotesViewModel*>(&screenModel)) {
         notes->leave();
         practiceViewModel()->setIsShowingNotes(false);
-    } else {
+    } else if (qobject_cast<PracticeTimeDetailViewModel*>(&screenModel) != nullptr) {
+        // A month or a day that was opened from it leaves it where it is.
         practiceViewModel()->setIsShowingHistory(false);
     }
 }

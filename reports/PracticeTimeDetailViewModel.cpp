@@ -120,10 +120,10 @@ QList<ReportRow> PracticeTimeDetailViewModel::rows() const {
 }
 
 QString PracticeTimeDetailViewModel::emptyText() const {
-    if (days() != nullptr || !months().isEmpty())
+    if (!m_chart.isEmpty())
         return {};
-    return QStringLiteral("Nothing was recorded in this time. Practice for a minute or more and save, and the month "
-                          "appears here.");
+    return QStringLiteral("Nothing was recorded in this time. Practice for a minute or more and save, and it appears "
+                          "here.");
 }
 
 void PracticeTimeDetailViewModel::selectTimeRange(int option) {

@@ -79,7 +79,7 @@ public:
     QList<ReportFigure> practiceDayFigures() const;
     Chart* chart() { return &m_chart; }
     QList<ReportRow> rows() const;
-    // What to read where the list is empty.
+    // What to read where there was no practice.
     QString emptyText() const;
 
     Q_INVOKABLE void selectTimeRange(int option);

@@ -2,6 +2,7 @@
 
 #include "model/EventCutoff.h"
 #include "platform/Checked.h"
+#include "platform/Log.h"
 #include "reports/NameIndex.h"
 
 #include <algorithm>
@@ -114,6 +115,16 @@ QList<TimeRange> rangesToOffer(const History& history, Date now, const Calendar&
     if (!earliest || !(*earliest < calendar.startOfMonth(monthsBefore(monthsPerYear, now, calendar))))
         ranges.removeOne(TimeRange::allMonths);
     return ranges;
+}
+
+TimeRange firstTimeRange(const History& history, const SettingsStore& userDefaults, Date now,
+                         const Calendar& calendar) {
+    const TimeRange preferred = preferredTimeRange(userDefaults).value_or(TimeRange::last7Days);
+    // The others are always on offer; this one costs a look at the whole journal.
+    if (preferred != TimeRange::allMonths || rangesToOffer(history, now, calendar).contains(preferred))
+        return preferred;
+    log(QStringLiteral("Unable to use saved timeRange, likely experimental"));
+    return TimeRange::last7Days;
 }
 
 } // namespace tamsel

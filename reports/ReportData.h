@@ -52,4 +52,7 @@ PracticeDayCounts countsOfPracticeDays(const QList<HistoryEvent>& events, Date n
 // the month twelve months back.
 QList<TimeRange> rangesToOffer(const History& history, Date now, const Calendar& calendar);
 
+// The range that a report begins with: the one that the user prefers where it is on offer, otherwise seven days.
+TimeRange firstTimeRange(const History& history, const SettingsStore& userDefaults, Date now, const Calendar& calendar);
+
 } // namespace tamsel

@@ -2,6 +2,7 @@
 #include "list/PracticeNavigationStackViewModel.h"
 #include "list/TabViewModel.h"
 #include "model/SettingsKeys.h"
+#include "reports/PracticeTimeDetailViewModel.h"
 #include "tests/support/World.h"
 
 #include <QPointer>
@@ -117,6 +118,24 @@ TEST_F(NavigationTest, BackClosesNotesAndHistoryBeforeItEndsThePractice) {
     stack.back();
     EXPECT_EQ(stack.depth(), 0);
     stack.back();
+}
+
+TEST_F(NavigationTest, TheItemsOwnHistoryLeadsToItsDaysAndBack) {
+    singletons().exercises.setItems({a, b});
+    PracticeNavigationStackViewModel stack(singletons(), world.platform, coordinator);
+    stack.push(destinations::FromPracticeList{a, std::nullopt});
+    stack.push(destinations::FromPracticeView::history(a));
+    auto* const detail = qobject_cast<PracticeTimeDetailViewModel*>(stack.screenModel(1));
+    ASSERT_TRUE(detail);
+    EXPECT_EQ(detail->exerciseName(), a.name);
+    detail->openRow(0);
+    ASSERT_EQ(stack.depth(), 3);
+    stack.back();
+    EXPECT_EQ(stack.screenModel(1), detail);
+    EXPECT_TRUE(stack.practiceViewModel()->isShowingHistory());
+    stack.back();
+    EXPECT_EQ(stack.depth(), 1);
+    EXPECT_FALSE(stack.practiceViewModel()->isShowingHistory());
 }
 
 TEST_F(NavigationTest, APracticeGoesOnBehindTheOtherTabs) {

@@ -1,6 +1,5 @@
 #include "model/SettingsKeys.h"
 #include "model/StoredSettings.h"
-#include "practice/ItemHistoryViewModel.h"
 #include "practice/PracticeViewModel.h"
 #include "tests/support/World.h"
 
@@ -366,25 +365,6 @@ TEST_F(PracticeToolsTest, ANoticeEndsByItselfAndNotBeforeItsTime) {
     model->chooseSnippet(0);
     model.reset();
     world.mainQueue.advance(1h); // nothing is left that would touch it
-}
-
-TEST_F(PracticeToolsTest, TheItemsOwnHistoryIsListedByDay) {
-    const auto event = [this](double daysAgo, const QString& name, qint64 minutes) {
-        return HistoryEvent::make(world.clock.now() - daysAgo * 86'400, name, minutes, world.uuids);
-    };
-    const QString other = QStringLiteral("Étude 9");
-    world.singletons->history.setEvents({event(2, scales.name, 10), event(0, scales.name, 30), event(2, other, 50),
-                                         event(2.2, scales.name, 35), event(0, other, 5)});
-    open();
-    ItemHistoryViewModel history(world.singletons->history, world.calendar, scales.name);
-    QStringList days;
-    for (const ItemHistoryDay& day : history.days())
-        days += day.title + QLatin1Char(' ') + day.detail;
-    EXPECT_EQ(days, (QStringList{QStringLiteral("03/14/24 30m"), QStringLiteral("03/12/24 45m")}));
-    EXPECT_EQ(history.summary(), QStringLiteral("2 days, 1h 15m"));
-    model->startTimer(1);
-    world.mainQueue.advance(2min);
-    EXPECT_EQ(history.days().first().detail, QStringLiteral("31m")) << "what ends meanwhile shows";
 }
 
 } // namespace

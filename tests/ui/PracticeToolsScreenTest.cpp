@@ -286,13 +286,16 @@ TEST_F(PracticeToolsScreenTest, TheNotesScreenAddsEditsDeletesAndUndoes) {
 TEST_F(PracticeToolsScreenTest, TheItemsHistoryOpensAndCloses) {
     open();
     click("history_button");
-    EXPECT_FALSE(isShown("history_day_0"));
+    EXPECT_TRUE(isShown("nothing_recorded_text"));
     click("back button");
     ui.practice()->startTimer(5);
     ui.world.mainQueue.advance(3min);
     ui.practice()->saveTimer();
     click("history_button");
-    EXPECT_TRUE(isShown("history_day_0"));
+    EXPECT_FALSE(isShown("nothing_recorded_text"));
+    ASSERT_TRUE(isShown("practice_time_row_0"));
+    EXPECT_TRUE(
+        ui.find(QStringLiteral("practice_time_row_0"))->property("text").toString().endsWith(QStringLiteral(": 3m")));
     ui.press(Qt::Key_Escape);
     EXPECT_TRUE(isShown("history_button"));
 }

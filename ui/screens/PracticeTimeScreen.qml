@@ -88,6 +88,16 @@ FocusScope {
                     onBarTapped: index => screen.report.openBar(index)
                 }
 
+                TextLabel {
+                    objectName: "nothing_recorded_text"
+                    width: parent.width
+                    visible: text !== ""
+                    wrapMode: Text.Wrap
+                    kind: TextLabel.Secondary
+                    lineHeight: 1.25
+                    text: screen.report.emptyText
+                }
+
                 ChartLegend {
                     width: parent.width
                     visible: entries.length > 0 && screen.report.exerciseName === ""
