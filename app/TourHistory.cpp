@@ -25,6 +25,8 @@ void Tour::showHistory() {
     picture(QStringLiteral("history-month"));
     tap(QStringLiteral("time_range_all_months"));
     picture(QStringLiteral("history-all"));
+    QQuickItem& page = find(QStringLiteral("history_page"));
+    page.setProperty("contentY", page.property("contentHeight").toDouble() - page.height());
     tap(QStringLiteral("full_ranking_button"));
     waitForDepth(1);
     picture(QStringLiteral("history-most-practiced"));

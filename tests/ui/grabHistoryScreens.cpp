@@ -1,10 +1,13 @@
 #include "app/PracticeYears.h"
+#include "reports/MonthReportViewModel.h"
+#include "reports/PracticeTimeDetailViewModel.h"
 #include "tests/ui/Album.h"
 #include "tests/ui/UiWorld.h"
 
 #include <QDir>
 #include <QGuiApplication>
 
+#include <algorithm>
 #include <cstdio>
 
 // Grabs the history and its reports to PNG files: grab_history_screens <folder>.
@@ -26,28 +29,36 @@ void takeAll(Album& album, QSize size, const QString& suffix, qreal textScale) {
     ui.appearance().setTextScale(textScale);
     ui.click(QStringLiteral("history_tab"));
     const auto take = [&](const char* name) { album.take(ui, QLatin1String(name) + QLatin1Char('-') + suffix); };
+    HistoryNavigationStackViewModel& stack = *ui.tabs().historyNavigationStack();
+    HistoryViewModel& history = *stack.historyViewModel();
     take("history-week");
-    for (const char* const range : {"30_days", "12_months", "all_months"}) {
-        ui.click(QStringLiteral("time_range_") + QLatin1String(range));
-        album.take(ui, QStringLiteral("history-%1-%2").arg(QLatin1String(range), suffix));
+    for (const TimeRange range : {TimeRange::last30Days, TimeRange::last12Months, TimeRange::allMonths}) {
+        history.setTimeRange(range);
+        album.take(ui, QStringLiteral("history-%1-%2").arg(caseName(range), suffix));
     }
-    ui.click(QStringLiteral("full_ranking_button"));
+    QQuickItem* const page = ui.find(QStringLiteral("history_page"));
+    page->setProperty("contentY", std::max(0.0, page->property("contentHeight").toDouble() - page->height()));
+    take("history-end");
+    history.openTopExercises();
     take("most-practiced");
-    ui.press(Qt::Key_Escape);
-    ui.click(QStringLiteral("practice_time_card"));
+    stack.pop();
+    history.openPracticeTime();
     ui.click(QStringLiteral("options_menu"));
     take("options");
     ui.click(QStringLiteral("show_average"));
     take("practice-time-all");
-    ui.click(QStringLiteral("time_range_30_days"));
-    ui.press(Qt::Key_Tab);
-    ui.press(Qt::Key_Tab);
-    ui.press(Qt::Key_Tab);
+    auto& detail = *qobject_cast<PracticeTimeDetailViewModel*>(stack.screenModel(0));
+    detail.setTimeRange(TimeRange::last30Days);
+    for (int i = 0; i < 4; ++i)
+        ui.press(Qt::Key_Tab);
     take("practice-time-30");
-    ui.click(QStringLiteral("time_range_12_months"));
-    ui.click(QStringLiteral("chart_bar_10"));
+    QQuickItem* const list = ui.find(QStringLiteral("report_list"));
+    list->setProperty("contentY", list->property("lastY"));
+    take("practice-time-end");
+    detail.setTimeRange(TimeRange::last12Months);
+    detail.openRow(1);
     take("month");
-    ui.click(QStringLiteral("month_row_1"));
+    qobject_cast<MonthReportViewModel*>(stack.screenModel(1))->openRow(1);
     take("day");
 }
 
