@@ -10,8 +10,9 @@
 
 namespace tamsel {
 
-// The history tab's stack: the overview, and the reports that were opened from it. Main thread only.
-class HistoryNavigationStackViewModel final : public NavigationStackViewModel {
+// The history tab's stack: the overview, and the reports that were opened from it. Main thread only. The base is named
+// in full so that the type description that qmllint reads finds it.
+class HistoryNavigationStackViewModel final : public tamsel::NavigationStackViewModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the tab model")
