@@ -2,8 +2,11 @@
 
 #include "platform/Log.h"
 
+#include <QFileInfo>
+
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 namespace tamsel {
 
@@ -29,14 +32,22 @@ void configureAudioSession(AudioSession& session) {
     session.beginReceivingRemoteControlEvents();
 }
 
+// Empty for a store that lies in no file.
+QString dataFolder(const SettingsStore& store) {
+    const QFileInfo file(store.location());
+    return file.isAbsolute() ? file.path() : QString();
+}
+
 } // namespace
 
 App::App(SettingsStore& settingsStore, const Platform& platform, AudioOutput& audioOutput, AudioSession& audioSession,
-         int acceleration, TipProvider* tipProvider)
+         int acceleration, TipProvider* tipProvider, Backups::WorkQueue backupQueue)
     : m_singletons(settingsStore, platform, audioOutput, audioSession),
+      m_backups(settingsStore, platform, dataFolder(settingsStore), std::move(backupQueue)),
       m_coordinator(m_singletons, platform, acceleration, tipProvider) {
     configureAudioSession(audioSession);
-    m_content.emplace(m_singletons, platform, m_coordinator);
+    m_content.emplace(m_singletons, platform, m_coordinator, m_backups);
+    m_backups.begin();
 }
 
 } // namespace tamsel

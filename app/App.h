@@ -5,6 +5,7 @@
 #include "list/Coordinator.h"
 #include "metronome/AudioOutput.h"
 #include "metronome/AudioSession.h"
+#include "model/Backups.h"
 #include "model/SettingsStore.h"
 #include "platform/Platform.h"
 
@@ -20,16 +21,19 @@ public:
     // up is logged, and the program goes on. `tipProvider` is null where no store could take a tip. Everything handed
     // in must outlive the app.
     App(SettingsStore& settingsStore, const Platform& platform, AudioOutput& audioOutput, AudioSession& audioSession,
-        int acceleration, TipProvider* tipProvider = nullptr);
+        int acceleration, TipProvider* tipProvider = nullptr,
+        Backups::WorkQueue backupQueue = std::make_unique<SerialQueue>("Backups"));
 
     App(const App&) = delete;
     App& operator=(const App&) = delete;
 
     Singletons& singletons() { return m_singletons; }
+    Backups& backups() { return m_backups; }
     ContentViewModel& content() { return *m_content; }
 
 private:
     Singletons m_singletons;
+    Backups m_backups;
     Coordinator m_coordinator;
     std::optional<ContentViewModel> m_content; // made last, when the audio session is set up
 };

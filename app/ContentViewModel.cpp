@@ -12,8 +12,10 @@ namespace {
 constexpr std::chrono::seconds retryInterval{2};
 }
 
-ContentViewModel::ContentViewModel(Singletons& singletons, const Platform& platform, const Coordinator& coordinator)
+ContentViewModel::ContentViewModel(Singletons& singletons, const Platform& platform, const Coordinator& coordinator,
+                                   Backups& backups)
     : m_singletons(singletons), m_platform(platform), m_tabViewModel(singletons, platform, coordinator),
+      m_dataViewModel(singletons, platform, backups, [this] { leaveScreens(); }), m_leftPractice(singletons),
       m_writeFailureSubscription(
           singletons.userDefaults.writeFailureChanged().subscribe([this] { storageChanged(); })) {
     // A change may have failed while the stores were made.
@@ -61,7 +63,16 @@ void ContentViewModel::handleLaunchURL(const QUrl& url) {
 }
 
 void ContentViewModel::openDocument(const QString& path) {
-    log(QStringLiteral("Documents cannot be opened yet: ") + path);
+    log(QStringLiteral("opening document: ") + path);
+    m_dataViewModel.openDocument(path);
+}
+
+void ContentViewModel::leaveScreens() {
+    for (NavigationStackViewModel* const stack : std::initializer_list<NavigationStackViewModel*>{
+             m_tabViewModel.practiceNavigationStack(), m_tabViewModel.historyNavigationStack()}) {
+        while (stack->depth() > 0)
+            stack->pop();
+    }
 }
 
 void ContentViewModel::leave() {

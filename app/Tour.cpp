@@ -34,6 +34,11 @@ QQuickItem* lookBelow(QQuickItem& item, const QString& identifier) {
 
 } // namespace
 
+void Tour::tell(const QString& line) {
+    std::printf("tour: %s\n", line.toUtf8().constData());
+    std::fflush(stdout);
+}
+
 Tour::Tour(QQuickWindow& window, Appearance& appearance, App& app, TourAudio& audio, const QString& folder)
     : m_window(window), m_appearance(appearance), m_app(app), m_audio(audio), m_folder(folder) {}
 
@@ -49,6 +54,8 @@ bool Tour::take(const QString& stage) {
         else if (stage == QStringLiteral("tools")) {
             useTheTools();
             tell(QStringLiteral("worked the six tools, the settings sheet, the notes and the item's history"));
+        } else if (stage == QStringLiteral("data")) {
+            exchangeData();
         } else {
             practise();
         }

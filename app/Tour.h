@@ -22,8 +22,9 @@ public:
 
     // "practice": adds an item, plays, runs a timer, saves. "restart": finds the practice in today's log.
     // "tools": works the tools, the settings sheet and the notes of the practice screen. "list": searches, sorts,
-    // archives and takes back. "history": looks through two made-up years, and removes them again. Tells each step on
-    // standard output. False when something was not as it should be.
+    // archives and takes back. "history": looks through two made-up years, and removes them again. "data": takes all
+    // data out as a document and in again. Tells each step on standard output. False when something was not as it
+    // should be.
     bool take(const QString& stage);
 
 private:
@@ -34,6 +35,7 @@ private:
     void useTheTools();
     void workTheList();
     void showHistory();
+    void exchangeData();
 
     // Each throws `Failed`, with a line that says what was missing.
     QQuickItem& find(const QString& identifier);
@@ -42,6 +44,7 @@ private:
     void waitUntil(const QString& what, const std::function<bool()>& condition);
     void expect(const QString& what, bool holds);
 
+    static void tell(const QString& line);
     QQuickItem* lookFor(const QString& identifier) const;
     void press(int key, const QString& text = {});
     // Lets the app run for a while.

@@ -1,11 +1,13 @@
 #include "app/App.h"
 #include "app/LaunchRequests.h"
+#include "app/RecoveryViewModel.h"
 #include "app/SettingsStoreChoice.h"
 #include "app/SingleInstance.h"
 #include "app/Tour.h"
 #include "app/TourAudio.h"
 #include "metronome/DeviceOutput.h"
 #include "metronome/SystemAudioSession.h"
+#include "model/Recovery.h"
 #include "model/SqliteSettingsStore.h"
 #include "platform/AccelerometerShakeSource.h"
 #include "platform/FatalError.h"
@@ -19,6 +21,7 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
@@ -134,6 +137,60 @@ void quitAfterFirstFrame(QQuickWindow& window, const Clock& clock) {
     QObject::connect(&window, &QQuickWindow::frameSwapped, &window, tellAndQuit, Qt::QueuedConnection);
 }
 
+enum class Answer { noBackups, declined, restored };
+
+// Offers to put a backup in the place of data that cannot be used.
+Answer offerBackups(const SettingsStoreChoice& choice, const QString& problem) {
+    const QString folder = backups::chosenFolder(choice.folder).value_or(backups::standardFolder(choice.folder));
+    const QList<BackupFile> usable = RecoveryViewModel::usableBackups(folder);
+    if (usable.isEmpty())
+        return Answer::noBackups;
+    std::fprintf(stderr, "%s\n", problem.toUtf8().constData());
+    QEventLoop loop;
+    bool isRestored = false;
+    RecoveryViewModel recovery(SqliteSettingsStore::filePath(choice.folder, choice.suite), problem, usable, [&] {
+        isRestored = true;
+        loop.quit();
+    });
+    QQmlApplicationEngine engine;
+    ui::registerWith(engine);
+    engine.setInitialProperties({{QStringLiteral("recovery"), QVariant::fromValue(&recovery)}});
+    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Tamsel/Ui/screens/RecoveryWindow.qml")));
+    auto* const window = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
+    if (window == nullptr)
+        return Answer::noBackups;
+    // The app's own window comes after this one has closed.
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    QObject::connect(window, &QQuickWindow::visibleChanged, &loop, &QEventLoop::quit);
+    const TerminationSignals signals([&loop] { loop.quit(); });
+    loop.exec();
+    QGuiApplication::setQuitOnLastWindowClosed(true);
+    return isRestored ? Answer::restored : Answer::declined;
+}
+
+// Opens the data. After a program that did not end properly it is looked through first.
+SqliteSettingsStore::Opened openData(const SettingsStoreChoice& choice, const recovery::UseMark& mark) {
+    const QString path = SqliteSettingsStore::filePath(choice.folder, choice.suite);
+    for (;;) {
+        std::optional<QString> problem = mark.wasLeft() ? recovery::problemIn(path) : std::nullopt;
+        if (!problem) {
+            auto opened = SqliteSettingsStore::open(choice.folder, choice.suite);
+            if (opened.store || choice.isTest)
+                return opened;
+            problem = opened.failure;
+        }
+        switch (offerBackups(choice, *problem)) {
+        case Answer::restored:
+            break;
+        case Answer::declined:
+            return {nullptr, *problem};
+        case Answer::noBackups:
+            // What can be opened nevertheless is: the stores know what they cannot go on without.
+            return SqliteSettingsStore::open(choice.folder, choice.suite);
+        }
+    }
+}
+
 int run(QGuiApplication& application) {
     const LaunchOptions options = parse(application);
     SystemClock clock;
@@ -159,11 +216,14 @@ int run(QGuiApplication& application) {
     }
     if (!lock)
         return refuse(QStringLiteral("Cannot write to the folder %1").arg(choice.folder));
-    const auto opened = SqliteSettingsStore::open(choice.folder, choice.suite);
+    recovery::UseMark mark(choice.folder);
+    const auto opened = openData(choice, mark);
     if (!opened.store && launch.isUnderInterfaceTest)
         trap();
-    if (!opened.store)
+    if (!opened.store) {
+        mark.keep();
         return refuse(opened.failure);
+    }
 
     std::unique_ptr<TourAudio> tourAudio;
     std::unique_ptr<DeviceOutput> device;

@@ -188,15 +188,14 @@ ExitCode run(const Work& work) {
     }
 }
 
-QString backupFolder(const UserData::Values& present) {
-    Surroundings device;
-    MemorySettingsStore store(present);
-    return Backups(store, device.platform, standardDataFolder(), std::make_unique<InlineQueue>()).folder();
+QString backupFolder() {
+    const QString folder = standardDataFolder();
+    return backups::chosenFolder(folder).value_or(backups::standardFolder(folder));
 }
 
 // As `backups` lists it, or a path.
-QString backupPath(const QString& name, const UserData::Values& present) {
-    const QString listed = backupFolder(present) + QLatin1Char('/') + name;
+QString backupPath(const QString& name) {
+    const QString listed = backupFolder() + QLatin1Char('/') + name;
     return !name.contains(QLatin1Char('/')) && QFile::exists(listed) ? listed : name;
 }
 
@@ -266,13 +265,7 @@ ExitCode listBackups(const QStringList& arguments) {
     return run([&] {
         const Arguments call("backups", "Lists the backups, the newest first, and looks through each.", arguments, "",
                              0, 0);
-        UserData::Values present;
-        try {
-            present = presentValues();
-        } catch (const Refusal&) {
-            // Data that cannot be read is when backups are wanted most.
-        }
-        const QString folder = backupFolder(present);
+        const QString folder = backupFolder();
         const QList<BackupFile> found = backups::list(folder);
         for (const BackupFile& backup : found) {
             const auto values = backups::read(backup.path);
@@ -296,7 +289,7 @@ ExitCode restore(const QStringList& arguments) {
         const QString name = call.files().first();
         const FolderLock lock = takeLock();
         if (const auto problem = recovery::problemIn(settingsFile())) {
-            const QString path = backupPath(name, {});
+            const QString path = backupPath(name);
             (void)summaryOf(backupIn(path), path);
             if (const auto failure = recovery::restore(path, settingsFile(), QDateTime::currentDateTime()))
                 throw Refusal{exitRefused, QStringLiteral("cannot restore %1: %2").arg(path, *failure)};
@@ -304,7 +297,7 @@ ExitCode restore(const QStringList& arguments) {
             return;
         }
         const auto present = presentValues();
-        const QString path = backupPath(name, present);
+        const QString path = backupPath(name);
         const UserData data = backupIn(path);
         printPreview(summaryOf(UserData(present), settingsFile()), summaryOf(data, path));
         replaceData([&data](const DataStores& stores) { stores.replace(data); });

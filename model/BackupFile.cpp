@@ -20,6 +20,10 @@ namespace {
 const QString dayFormat = QStringLiteral("yyyy-MM-dd");
 const QString timeFormat = QStringLiteral("HHmmss");
 
+QString choiceFile(const QString& dataFolder) {
+    return dataFolder + QStringLiteral("/backup-folder");
+}
+
 std::optional<BackupFile> fromName(const QFileInfo& file) {
     static const QRegularExpression pattern(
         QStringLiteral("^tamsel-(\\d{6,18})-(\\d{4}-\\d\\d-\\d\\d)(?:-(\\d{6})-before-import)?\\.sqlite$"));
@@ -63,6 +67,22 @@ json::Result<QByteArray> fileOf(const UserData::Values& values, const QString& s
 }
 
 } // namespace
+
+QString standardFolder(const QString& dataFolder) {
+    return dataFolder + QStringLiteral("/backups");
+}
+
+std::optional<QString> chosenFolder(const QString& dataFolder) {
+    const auto path = datafile::read(choiceFile(dataFolder));
+    return path && !path->isEmpty() ? std::optional(QString::fromUtf8(*path)) : std::nullopt;
+}
+
+std::optional<QString> chooseFolder(const QString& dataFolder, const std::optional<QString>& folder) {
+    if (folder)
+        return datafile::write(choiceFile(dataFolder), folder->toUtf8());
+    QFile::remove(choiceFile(dataFolder));
+    return std::nullopt;
+}
 
 QString fileName(const BackupFile& backup) {
     const QString name = QStringLiteral("tamsel-%1-%2%3.sqlite")

@@ -29,6 +29,13 @@ struct BackupFile {
 
 namespace backups {
 
+// Where backups lie: the folder that the user chose, whose path is kept in a file of its own, so that it is known when
+// the settings file cannot be read; by default "backups" in the data folder.
+QString standardFolder(const QString& dataFolder);
+std::optional<QString> chosenFolder(const QString& dataFolder);
+// Nothing goes back to the default. On failure one line that says why.
+std::optional<QString> chooseFolder(const QString& dataFolder, const std::optional<QString>& folder);
+
 // How many are kept: the last days, the last one of each of the last months, and those made before data was replaced.
 inline constexpr qsizetype keptDays = 7;
 inline constexpr qsizetype keptMonths = 12;

@@ -30,9 +30,12 @@ bool holds(const BackupFile& backup, const UserData::Values& values) {
 } // namespace
 
 Backups::Backups(SettingsStore& userDefaults, const Platform& platform, const QString& dataFolder, WorkQueue queue)
-    : m_userDefaults(userDefaults), m_platform(platform), m_dataFolder(dataFolder), m_queue(std::move(queue)) {}
+    : m_userDefaults(userDefaults), m_platform(platform), m_dataFolder(dataFolder),
+      m_chosenFolder(backups::chosenFolder(dataFolder)), m_queue(std::move(queue)) {}
 
 void Backups::begin() {
+    if (m_dataFolder.isEmpty())
+        return;
     m_platform.mainQueue.asyncAfter(firstLook, [self = std::weak_ptr(m_self)] {
         if (const auto backups = self.lock())
             (*backups)->look();
@@ -47,25 +50,24 @@ void Backups::look() {
     });
 }
 
-bool Backups::folderIsChosen() const {
-    return m_userDefaults.data(keys::backupFolder).has_value();
-}
-
 QString Backups::folder() const {
-    if (const auto chosen = m_userDefaults.data(keys::backupFolder))
-        return QString::fromUtf8(*chosen);
-    return m_dataFolder.isEmpty() ? QString() : m_dataFolder + QStringLiteral("/backups");
+    if (m_chosenFolder)
+        return *m_chosenFolder;
+    return m_dataFolder.isEmpty() ? QString() : backups::standardFolder(m_dataFolder);
 }
 
 std::optional<QString> Backups::setFolder(const std::optional<QString>& folder) {
-    if (!folder) {
-        m_userDefaults.remove(keys::backupFolder);
-    } else {
-        const QString path = QDir(*folder).absolutePath();
-        if (auto reason = makeWritableFolder(path))
+    std::optional<QString> chosen;
+    if (folder) {
+        chosen = QDir(*folder).absolutePath();
+        if (auto reason = makeWritableFolder(*chosen))
             return reason;
-        m_userDefaults.setData(keys::backupFolder, path.toUtf8());
     }
+    if (!m_dataFolder.isEmpty()) {
+        if (auto reason = backups::chooseFolder(m_dataFolder, chosen))
+            return reason;
+    }
+    m_chosenFolder = chosen;
     m_failure.reset();
     m_changed.notify();
     return std::nullopt;

@@ -30,7 +30,7 @@ public:
 
     // Where copies are made: the folder that the user chose, by default "backups" in the data folder. Empty for none.
     QString folder() const;
-    bool folderIsChosen() const;
+    bool folderIsChosen() const { return m_chosenFolder.has_value(); }
     // Nothing goes back to the default. The reason when nothing can be written there; the folder then stays what it
     // was.
     std::optional<QString> setFolder(const std::optional<QString>& folder);
@@ -59,6 +59,7 @@ private:
     SettingsStore& m_userDefaults;
     const Platform m_platform;
     const QString m_dataFolder;
+    std::optional<QString> m_chosenFolder;
     std::optional<QString> m_failure;
     Observable m_changed;
     std::shared_ptr<Backups*> m_self = std::make_shared<Backups*>(this);

@@ -20,7 +20,6 @@ inline const QString hasReadJul15Message = QStringLiteral("hasReadJul15Message")
 inline const QString dateOfLastReviewRequest = QStringLiteral("dateOfLastReviewRequest");
 inline const QString numberOfPromptsForReview = QStringLiteral("numberOfPromptsForReview");
 inline const QString runningPractice = QStringLiteral("practice.running");
-inline const QString backupFolder = QStringLiteral("backups.folder");
 inline const QString didMigrateLegacySettings = QStringLiteral("didMigrateLegacySettings");
 
 // The canonical text of an identifier: 36 characters, upper-case, hyphenated.

@@ -193,6 +193,11 @@ void PracticeViewModel::onStopwatchTick() {
 void PracticeViewModel::saveAndStopRunningSessionIfAble() {
     log(QStringLiteral("PracticeViewModel.saveAndStopRunningSessionIfAble"));
     const Date now = m_platform.clock.now();
+    // What is recorded runs no more: together, so that no crash between the two offers it once again.
+    m_singletons.userDefaults.atomically([this, now] { saveAndStop(now); });
+}
+
+void PracticeViewModel::saveAndStop(Date now) {
     if (m_timerMinutesSelection && m_timerSecondsRemaining) {
         const qint64 practised =
             checkedSubtract(checkedMultiply(*m_timerMinutesSelection, secondsPerMinute), *m_timerSecondsRemaining);
@@ -222,12 +227,14 @@ void PracticeViewModel::endTimer() {
     m_timerTicker.stop();
     setTimerIsRunning(false);
     setTimerSecondsRemaining(std::nullopt);
+    m_singletons.runningPractice.end(SessionType::timer);
 }
 
 void PracticeViewModel::endStopwatch() {
     m_stopwatchTicker.stop();
     setStopwatchIsRunning(false);
     setStopwatchSeconds(std::nullopt);
+    m_singletons.runningPractice.end(SessionType::stopwatch);
 }
 
 void PracticeViewModel::setTimerIsRunning(bool running) {
@@ -240,6 +247,10 @@ void PracticeViewModel::setTimerSecondsRemaining(std::optional<qint64> seconds) 
         return;
     const bool existed = timerExists();
     m_timerSecondsRemaining = seconds;
+    if (seconds && m_timerMinutesSelection) {
+        m_singletons.runningPractice.update(m_exercise, SessionType::timer,
+                                            *m_timerMinutesSelection * secondsPerMinute - *seconds);
+    }
     Q_EMIT timerChanged();
     if (existed != timerExists())
         Q_EMIT runsChanged();
@@ -257,6 +268,8 @@ void PracticeViewModel::setStopwatchSeconds(std::optional<qint64> seconds) {
         return;
     const bool existed = stopwatchExists();
     m_stopwatchSeconds = seconds;
+    if (seconds)
+        m_singletons.runningPractice.update(m_exercise, SessionType::stopwatch, *seconds);
     if (seconds)
         log(QStringLiteral("stopwatchSeconds: %1").arg(*seconds));
     Q_EMIT stopwatchChanged();

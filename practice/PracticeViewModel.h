@@ -273,6 +273,7 @@ Q_SIGNALS:
     void isShowingSettingsChanged();
 
 private:
+    void saveAndStop(Date now);
     void signalEndOfTimer();
     void record(const std::optional<PracticeSession>& session);
     void endTimer();

@@ -8,7 +8,8 @@ namespace tamsel {
 
 HistoryViewModel::HistoryViewModel(Singletons& singletons, const Platform& platform, ItemColors& colors,
                                    TimeRange timeRange)
-    : m_singletons(singletons), m_platform(platform), m_colors(colors), m_timeRange(timeRange) {
+    : m_singletons(singletons), m_platform(platform), m_colors(colors), m_shareFeature(singletons.history),
+      m_timeRange(timeRange) {
     m_subscription = singletons.history.eventsChanged().subscribe([this] {
         if (std::exchange(m_willReload, true))
             return;

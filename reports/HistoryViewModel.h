@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Singletons.h"
+#include "model/ShareFeature.h"
 #include "platform/Observable.h"
 #include "platform/Platform.h"
 #include "reports/ItemColors.h"
@@ -50,6 +51,9 @@ public:
     // No event was ever recorded.
     bool isEmpty() const { return m_singletons.history.events().isEmpty(); }
 
+    ShareFeature& shareFeature() { return m_shareFeature; }
+    Q_INVOKABLE void share() { m_shareFeature.share(); }
+
     // Each time the screen appears: midnight may have passed since it was last looked at.
     Q_INVOKABLE void onAppear() { reload(); }
     Q_INVOKABLE void selectTimeRange(int option);
@@ -78,6 +82,7 @@ private:
     Singletons& m_singletons;
     const Platform m_platform;
     ItemColors& m_colors;
+    ShareFeature m_shareFeature;
     TimeRange m_timeRange;
     Made<PracticeTimeOverviewViewModel> m_practiceTime;
     Made<TopExercisesOverviewViewModel> m_topExercises;

@@ -1,6 +1,7 @@
 #include "app/App.h"
 
 #include "app/LaunchRequests.h"
+#include "platform/InlineQueue.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/World.h"
 
@@ -79,7 +80,7 @@ TEST_F(AppTest, ALaunchUrlIsLoggedAndNothingElse) {
 
 TEST_F(AppTest, AFileIsTakenOverAndAnyOtherRequestIsAUrl) {
     world.singletons.reset();
-    App app(world.store, world.platform, world.output, world.session, 1);
+    App app(world.store, world.platform, world.output, world.session, 1, nullptr, std::make_unique<InlineQueue>());
     const QTemporaryDir folder;
     const QString oddName = folder.filePath(QStringLiteral("take:2.tamsel"));
     ASSERT_TRUE(QFile(oddName).open(QIODevice::WriteOnly));
@@ -87,7 +88,7 @@ TEST_F(AppTest, AFileIsTakenOverAndAnyOtherRequestIsAUrl) {
         QString argument;
         QStringList lines;
     };
-    const QString document = QStringLiteral("Documents cannot be opened yet: ");
+    const QString document = QStringLiteral("opening document: ");
     const QString url = QStringLiteral("launching app, unhandled url: ");
     for (const Case& one : {
              Case{QStringLiteral("journal.tamsel"), {document + folder.filePath(QStringLiteral("journal.tamsel"))}},

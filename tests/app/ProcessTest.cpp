@@ -1,3 +1,6 @@
+#include "model/BackupFile.h"
+#include "model/DataFile.h"
+#include "model/SettingsKeys.h"
 #include "model/SqliteSettingsStore.h"
 #include "platform/FolderLock.h"
 
@@ -42,6 +45,12 @@ protected:
             m_output[&process] += process.readAllStandardOutput();
         }
         return true;
+    }
+
+    // Waits for something on standard error.
+    static bool waitForErrors(QProcess& process) {
+        process.setReadChannel(QProcess::StandardError);
+        return process.waitForReadyRead(patienceMilliseconds);
     }
 
     int exitCode(QProcess& process) {
@@ -96,6 +105,51 @@ TEST_F(ProcessTest, DataThatCannotBeOpenedIsNamedAndLeftAsItIs) {
     EXPECT_EQ(file.readAll(), garbage);
 }
 
+TEST_F(ProcessTest, WithABackupAWindowOffersItAndClosingThatChangesNothing) {
+    const QByteArray garbage(5000, 'x');
+    ASSERT_EQ(backups::write({{keys::exercises, {QByteArray("[]")}}},
+                             dataFolder() + QStringLiteral("/backups/tamsel-000001-2024-03-14.sqlite"), dataFolder()),
+              std::nullopt);
+    ASSERT_EQ(datafile::write(dataFile(), garbage), std::nullopt);
+    const Process process = start();
+    // It goes on, with the window, after it has said why.
+    QByteArray errors;
+    while (!errors.contains('\n') && waitForErrors(*process))
+        errors += process->readAllStandardError();
+    EXPECT_TRUE(errors.contains(dataFile().toUtf8())) << errors.toStdString();
+    EXPECT_EQ(process->state(), QProcess::Running);
+    process->terminate();
+    EXPECT_EQ(exitCode(*process), 1);
+    EXPECT_EQ(*datafile::read(dataFile()), garbage);
+}
+
+TEST_F(ProcessTest, AfterAKillEverythingIsLookedThroughAndTheMarkGoesWithAProperEnd) {
+    const QString mark = dataFolder() + QStringLiteral("/in-use");
+    Process process = start({QStringLiteral("tamsel:ready")});
+    ASSERT_TRUE(waitForLine(*process, "tamsel:ready\n"));
+    process->kill();
+    process->waitForFinished(patienceMilliseconds);
+    ASSERT_TRUE(QFile::exists(mark));
+    process = start({QStringLiteral("tamsel:again")});
+    ASSERT_TRUE(waitForLine(*process, "tamsel:again\n"));
+    process->terminate();
+    EXPECT_EQ(exitCode(*process), 0);
+    EXPECT_FALSE(QFile::exists(mark));
+}
+
+TEST_F(ProcessTest, ADocumentReachesTheRunningAppThroughASecondStart) {
+    const QString document = QStringLiteral(TAMSEL_TEST_DATA "/export.tamsel");
+    const Process first = start({document});
+    ASSERT_TRUE(waitForLine(*first, "opening document: " + document.toUtf8()));
+    const Process second = start({QStringLiteral(TAMSEL_TEST_DATA "/everything.tamsel")});
+    EXPECT_EQ(exitCode(*second), 0);
+    EXPECT_TRUE(waitForLine(*first, "everything.tamsel\n"));
+    first->terminate();
+    EXPECT_EQ(exitCode(*first), 0);
+    EXPECT_EQ(SqliteSettingsStore::open(dataFolder()).store->data(keys::historyEvents), std::nullopt)
+        << "nothing is imported before it is confirmed";
+}
+
 TEST_F(ProcessTest, AFolderThatCannotBeMadeIsNamed) {
     QFile inTheWay(dataFolder());
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
@@ -126,6 +180,17 @@ TEST_F(ProcessTest, UnreadableHistoryStopsTheProgramAndIsKept) {
     const QByteArray output = process->readAllStandardOutput();
     EXPECT_TRUE(output.contains(dataFile().toUtf8())) << output.toStdString();
     EXPECT_TRUE(process->readAllStandardError().contains("Fatal error"));
+    // The next start knows, and has a way back to offer.
+    ASSERT_EQ(backups::write({{keys::exercises, {QByteArray("[]")}}},
+                             dataFolder() + QStringLiteral("/backups/tamsel-000001-2024-03-14.sqlite"), dataFolder()),
+              std::nullopt);
+    const Process next = start();
+    QByteArray errors;
+    while (!errors.contains('\n') && waitForErrors(*next))
+        errors += next->readAllStandardError();
+    EXPECT_TRUE(errors.contains("history.events[0].exerciseName: missing")) << errors.toStdString();
+    next->terminate();
+    EXPECT_EQ(exitCode(*next), 1);
     const auto opened = SqliteSettingsStore::open(dataFolder());
     EXPECT_EQ(opened.store->data(QStringLiteral("history.events")), broken);
 }

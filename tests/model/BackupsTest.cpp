@@ -199,6 +199,7 @@ TEST_F(BackupsTest, AFolderOfOnesOwnIsUsedFromThenOn) {
     EXPECT_NE(backups.setFolder(QStringLiteral("/proc/copies")), std::nullopt);
     EXPECT_EQ(backups.folder(), chosen) << "it stays what it was";
     EXPECT_TRUE(backups.folderIsChosen());
+    EXPECT_EQ(Backups(store, platform, folder.path(), makeQueue()).folder(), chosen) << "with the next start as well";
     EXPECT_EQ(backups.setFolder(std::nullopt), std::nullopt);
     EXPECT_EQ(backups.folder(), folder.filePath(QStringLiteral("backups")));
 }

@@ -65,8 +65,7 @@ TEST(DataFormatPageTest, EveryKeyIsNamed) {
                                           keys::hasReadJul15Message,
                                           keys::dateOfLastReviewRequest,
                                           keys::numberOfPromptsForReview,
-                                          keys::runningPractice,
-                                          keys::backupFolder} +
+                                          keys::runningPractice} +
                               keys::legacy::suffixes;
     for (const QString& name : names)
         EXPECT_TRUE(text.contains(QStringLiteral("`%1`").arg(name))) << name.toStdString();

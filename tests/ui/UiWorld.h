@@ -30,6 +30,7 @@ public:
     PracticeListViewModel& list() { return *tabs().practiceNavigationStack()->practiceList(); }
     PracticeViewModel* practice() { return tabs().practiceNavigationStack()->practiceViewModel(); }
     Singletons& singletons() { return m_app->singletons(); }
+    Backups& backups() { return m_app->backups(); }
     QQuickWindow& window() { return *m_window; }
     Appearance& appearance() { return *m_appearance; }
 

@@ -112,6 +112,34 @@ Window {
         }
     }
 
+    OnDemand {
+        visible: false
+        wanted: window.content.dataViewModel.sheetIsPresented
+        file: Qt.resolvedUrl("DataSheet.qml")
+        given: ({"journal": window.content.dataViewModel})
+    }
+
+    OnDemand {
+        visible: false
+        wanted: window.content.dataViewModel.backups.isPresented
+        file: Qt.resolvedUrl("BackupsSheet.qml")
+        given: ({"journal": window.content.dataViewModel})
+    }
+
+    OnDemand {
+        visible: false
+        wanted: window.content.dataViewModel.previewIsPresented
+        file: Qt.resolvedUrl("ReplaceDialog.qml")
+        given: ({"journal": window.content.dataViewModel})
+    }
+
+    OnDemand {
+        visible: false
+        wanted: window.content.leftPractice.isPresented
+        file: Qt.resolvedUrl("LeftPracticeDialog.qml")
+        given: ({"leftPractice": window.content.leftPractice})
+    }
+
     Connections {
         target: history.firstScreen
         // Naming the screen's type would load it at the start.
@@ -119,6 +147,10 @@ Window {
 
         function onPracticeRequested() {
             window.tabs.selectedTabIndex = 0;
+        }
+
+        function onShareRequested() {
+            window.content.dataViewModel.sheetIsPresented = true;
         }
     }
 

@@ -11,6 +11,7 @@ FocusScope {
     required property HistoryViewModel history
 
     signal practiceRequested()
+    signal shareRequested()
 
     focus: true
 
@@ -44,6 +45,13 @@ FocusScope {
         x: screen.margin
         width: screen.width - 2 * screen.margin
         text: screen.history.title
+
+        RoundButton {
+            objectName: "share_button"
+            text: "Share"
+            iconName: "share"
+            onClicked: screen.shareRequested()
+        }
     }
 
     OnDemand {

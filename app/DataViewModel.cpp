@@ -1,0 +1,255 @@
+#include "app/DataViewModel.h"
+
+#include "app/DataTexts.h"
+#include "model/DataCheck.h"
+#include "model/DataFile.h"
+#include "model/Json.h"
+
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <utility>
+
+namespace tamsel {
+
+namespace {
+
+// A place in a document stands at the beginning of a line, and ends with a colon.
+QString sentence(const QString& reason) {
+    return reason + QLatin1Char('.');
+}
+
+} // namespace
+
+DataViewModel::DataViewModel(Singletons& singletons, const Platform& platform, Backups& backups,
+                             std::function<void()> leaveScreens)
+    : m_singletons(singletons), m_platform(platform), m_backups(backups), m_backupsViewModel(backups),
+      m_leaveScreens(std::move(leaveScreens)) {
+    // Whatever is changed after an import must not go with it when that is taken back.
+    for (Observable* const each :
+         {&singletons.exercises.itemsChanged(), &singletons.exercises.archivedItemsChanged(),
+          &singletons.history.eventsChanged(), &singletons.dailyLog.practiceSessionsChanged()}) {
+        m_changeSubscriptions.push_back(each->subscribe([this] {
+            if (!m_isReplacing)
+                forgetUndo();
+        }));
+    }
+}
+
+void DataViewModel::setSheetIsPresented(bool presented) {
+    if (std::exchange(m_sheetIsPresented, presented) == presented)
+        return;
+    if (presented)
+        setMessage({});
+    Q_EMIT sheetIsPresentedChanged();
+}
+
+QString DataViewModel::explanation() const {
+    return QStringLiteral("Everything you have practised, in one document: to keep, or to take to another device.");
+}
+
+QString DataViewModel::statusText() const {
+    return m_isBusy ? QStringLiteral("One moment …") : m_message;
+}
+
+// Taking it out
+
+QUrl DataViewModel::suggestedFile() const {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QUrl::fromLocalFile(folder + QLatin1Char('/') +
+                               exportFileName(m_platform.clock.now(), m_platform.calendar.zoneName()));
+}
+
+QStringList DataViewModel::fileFilters() const {
+    return {QStringLiteral("Tamsel data (*.%1)").arg(DataDump::fileExtension), QStringLiteral("All files (*)")};
+}
+
+void DataViewModel::save(const QUrl& file) {
+    if (m_isBusy)
+        return;
+    QString path = file.toLocalFile();
+    if (QFileInfo(path).suffix().isEmpty())
+        path += QLatin1Char('.') + DataDump::fileExtension;
+    setIsBusy(true);
+    const auto failure = std::make_shared<std::optional<QString>>();
+    const auto write = [dump = m_singletons.dataStores().makeDataDump(), path, failure] {
+        const auto document = json::encode(dump);
+        *failure = document ? datafile::write(path, *document) : QStringLiteral("a date is no number");
+    };
+    m_backups.onQueue(write, [this, path, failure] {
+        setIsBusy(false);
+        const QString name = QFileInfo(path).fileName();
+        setMessage(*failure ? QStringLiteral("“%1” could not be saved: %2").arg(name, sentence(**failure))
+                            : QStringLiteral("Saved as “%1”.").arg(name));
+    });
+}
+
+QString DataViewModel::copy() {
+    const auto document = json::encode(m_singletons.dataStores().makeDataDump());
+    setMessage(QStringLiteral("All data is on the clipboard, as text."));
+    return QString::fromUtf8(document.value_or(QByteArray()));
+}
+
+// Bringing it in
+
+void DataViewModel::importFrom(const QUrl& file) {
+    consider(file.toLocalFile(), QFileInfo(file.toLocalFile()).fileName(), false);
+}
+
+void DataViewModel::openDocument(const QString& path) {
+    setSheetIsPresented(true);
+    consider(path, QFileInfo(path).fileName(), false);
+}
+
+void DataViewModel::restore(int row) {
+    consider(m_backupsViewModel.path(row), m_backupsViewModel.title(row), true);
+}
+
+void DataViewModel::consider(const QString& path, const QString& title, bool isBackup) {
+    if (m_isBusy)
+        return;
+    setIsBusy(true);
+    setMessage({});
+    struct Result {
+        std::optional<Offer> offer;
+        QString problem;
+    };
+    const auto result = std::make_shared<Result>();
+    const auto read = [path, title, isBackup, result, present = UserData::of(m_singletons.userDefaults)] {
+        const auto now = DataSummary::of(present);
+        const DataSummary summary = now ? *now : DataSummary();
+        const auto fail = [&result](const json::Error& error) { result->problem = error.message; };
+        if (isBackup) {
+            const auto values = backups::read(path);
+            if (!values)
+                return fail(values.error());
+            UserData data(*values);
+            const auto then = DataSummary::of(data);
+            if (!then)
+                return fail(then.error());
+            result->offer = Offer{title, std::move(data), summary, *then};
+            return;
+        }
+        auto bytes = datafile::read(path);
+        if (!bytes)
+            return fail(bytes.error());
+        auto dump = checkDataDump(*std::move(bytes));
+        if (!dump)
+            return fail(dump.error());
+        const DataSummary then = DataSummary::of(*dump);
+        result->offer = Offer{title, *std::move(dump), summary, then};
+    };
+    m_backups.onQueue(read, [this, title, result] {
+        setIsBusy(false);
+        if (!result->offer) {
+            setMessage(
+                QStringLiteral("“%1” cannot be used. Nothing was changed. (%2)").arg(title, sentence(result->problem)));
+            return;
+        }
+        m_offer = std::move(result->offer);
+        Q_EMIT previewChanged();
+    });
+}
+
+QString DataViewModel::previewTitle() const {
+    return m_offer ? QStringLiteral("Replace all data by “%1”?").arg(m_offer->title) : QString();
+}
+
+QString DataViewModel::previewText() const {
+    return QStringLiteral("A backup is made first, and you can take it back.");
+}
+
+QList<ReplaceRow> DataViewModel::previewRows() const {
+    QList<ReplaceRow> rows;
+    if (!m_offer)
+        return rows;
+    for (const DataComparison& each : compare(m_offer->now, m_offer->then, m_platform.calendar.zoneName())) {
+        rows += {each.title, each.now, each.then,
+                 QStringLiteral("%1: now %2, then %3").arg(each.title, each.now, each.then)};
+    }
+    return rows;
+}
+
+void DataViewModel::cancelReplace() {
+    if (!m_offer || m_isBusy)
+        return;
+    m_offer.reset();
+    Q_EMIT previewChanged();
+}
+
+void DataViewModel::replace() {
+    if (!m_offer || m_isBusy)
+        return;
+    makeBackupThen([this] { putInPlace(*m_offer); });
+}
+
+void DataViewModel::makeBackupThen(std::function<void()> change) {
+    // What runs is recorded first, so that the backup has it.
+    m_leaveScreens();
+    setIsBusy(true);
+    m_backups.makeBeforeReplacing([this, change = std::move(change)](const std::optional<QString>& failure) {
+        setIsBusy(false);
+        if (failure)
+            setMessage(
+                QStringLiteral("Nothing was changed, because no backup could be made: %1").arg(sentence(*failure)));
+        else
+            change();
+        m_offer.reset();
+        Q_EMIT previewChanged();
+        m_backupsViewModel.setIsPresented(false);
+        setSheetIsPresented(true);
+    });
+}
+
+void DataViewModel::putInPlace(const Offer& offer) {
+    const DataStores stores = m_singletons.dataStores();
+    stores.history.finishRenames();
+    m_undo = Undo{UserData::of(m_singletons.userDefaults), QStringLiteral("Take back “%1”").arg(offer.title)};
+    m_isReplacing = true;
+    std::visit([&stores](const auto& data) { stores.replace(data); }, offer.data);
+    m_isReplacing = false;
+    Q_EMIT canUndoChanged();
+    setMessage(QStringLiteral("All data is that of “%1” now.").arg(offer.title));
+}
+
+// Taking it back
+
+QString DataViewModel::undoText() const {
+    return m_undo ? m_undo->text : QString();
+}
+
+void DataViewModel::undo() {
+    if (!m_undo || m_isBusy)
+        return;
+    makeBackupThen([this] {
+        if (!m_undo) {
+            setMessage(
+                QStringLiteral("You have practised since, so this cannot be taken back any more. The backups have "
+                               "what was there before."));
+            return;
+        }
+        const UserData data = std::exchange(m_undo, std::nullopt)->data;
+        m_isReplacing = true;
+        m_singletons.dataStores().replace(data);
+        m_isReplacing = false;
+        Q_EMIT canUndoChanged();
+        setMessage(QStringLiteral("Everything is as it was before."));
+    });
+}
+
+void DataViewModel::forgetUndo() {
+    if (std::exchange(m_undo, std::nullopt))
+        Q_EMIT canUndoChanged();
+}
+
+void DataViewModel::setMessage(const QString& message) {
+    if (std::exchange(m_message, message) != message)
+        Q_EMIT statusChanged();
+}
+
+void DataViewModel::setIsBusy(bool busy) {
+    if (std::exchange(m_isBusy, busy) != busy)
+        Q_EMIT statusChanged();
+}
+
+} // namespace tamsel
