@@ -46,7 +46,7 @@ void BackupsViewModel::reload() {
     m_files = backups::list(m_backups.folder());
     QList<BackupRow> rows;
     for (const BackupFile& file : std::as_const(m_files)) {
-        rows += {backupText(file), QStringLiteral("%1, being checked …").arg(sizeText(file.bytes)),
+        rows += {backupText(file), backupDetail(file, QStringLiteral("being checked …")),
                  QStringLiteral("backup_%1").arg(rows.size()), false, false};
     }
     m_rows = rows;
@@ -59,8 +59,8 @@ void BackupsViewModel::reload() {
             BackupRow& row = (*checked)[i];
             row.isUsable = values && DataSummary::of(UserData(*values));
             row.isDamaged = !row.isUsable;
-            row.detail = QStringLiteral("%1, %2").arg(
-                sizeText(files.at(i).bytes), row.isUsable ? QStringLiteral("verified") : QStringLiteral("damaged"));
+            row.detail =
+                backupDetail(files.at(i), row.isUsable ? QStringLiteral("verified") : QStringLiteral("damaged"));
         }
     };
     m_backups.onQueue(check, [this, checked, generation = ++m_generation] {

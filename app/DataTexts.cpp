@@ -47,8 +47,12 @@ QString backupText(const BackupFile& backup) {
     const QString day = dayText(backup.day);
     if (backup.kind == BackupFile::Kind::daily)
         return day;
-    return QStringLiteral("%1, %2, before an import")
-        .arg(day, QLocale().toString(backup.time, QStringLiteral("HH:mm")));
+    return QStringLiteral("%1, %2").arg(day, QLocale().toString(backup.time, QStringLiteral("HH:mm")));
+}
+
+QString backupDetail(const BackupFile& backup, const QString& finding) {
+    const QString detail = QStringLiteral("%1, %2").arg(sizeText(backup.bytes), finding);
+    return backup.kind == BackupFile::Kind::daily ? detail : QStringLiteral("before an import, ") + detail;
 }
 
 QString exportFileName(Date now, const QString& zoneName) {

@@ -23,8 +23,11 @@ QList<DataComparison> compare(const DataSummary& now, const DataSummary& then, c
 QString dayText(QDate day);
 // "1.25 MB" in English.
 QString sizeText(qint64 bytes);
-// "14 March 2024" or, for a copy made before data was replaced, "14 March 2024, 15:30, before an import".
+// "14 March 2024" or, for a copy made before data was replaced, "14 March 2024, 15:30".
 QString backupText(const BackupFile& backup);
+// "1.25 MB, verified" or, for such a copy, "before an import, 1.25 MB, verified"; what is found of it stands at the
+// end.
+QString backupDetail(const BackupFile& backup, const QString& finding);
 // A name for an export: "Tamsel 2024-03-14.tamsel".
 QString exportFileName(Date now, const QString& zoneName);
 

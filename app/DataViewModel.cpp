@@ -25,6 +25,11 @@ DataViewModel::DataViewModel(Singletons& singletons, const Platform& platform, B
                              std::function<void()> leaveScreens)
     : m_singletons(singletons), m_platform(platform), m_backups(backups), m_backupsViewModel(backups),
       m_leaveScreens(std::move(leaveScreens)) {
+    // What was said of something else does not stand on the page of backups.
+    connect(&m_backupsViewModel, &BackupsViewModel::isPresentedChanged, this, [this] {
+        if (m_backupsViewModel.isPresented())
+            setMessage({});
+    });
     // Whatever is changed after an import must not go with it when that is taken back.
     for (Observable* const each :
          {&singletons.exercises.itemsChanged(), &singletons.exercises.archivedItemsChanged(),
@@ -152,7 +157,7 @@ void DataViewModel::consider(const QString& path, const QString& title, bool isB
 }
 
 QString DataViewModel::previewTitle() const {
-    return m_offer ? QStringLiteral("Replace all data by “%1”?").arg(m_offer->title) : QString();
+    return m_offer ? QStringLiteral("Replace all data with “%1”?").arg(m_offer->title) : QString();
 }
 
 QString DataViewModel::previewText() const {
@@ -189,6 +194,8 @@ void DataViewModel::makeBackupThen(std::function<void()> change) {
     setIsBusy(true);
     m_backups.makeBeforeReplacing([this, change = std::move(change)](const std::optional<QString>& failure) {
         setIsBusy(false);
+        m_backupsViewModel.setIsPresented(false);
+        setSheetIsPresented(true);
         if (failure)
             setMessage(
                 QStringLiteral("Nothing was changed, because no backup could be made: %1").arg(sentence(*failure)));
@@ -196,20 +203,18 @@ void DataViewModel::makeBackupThen(std::function<void()> change) {
             change();
         m_offer.reset();
         Q_EMIT previewChanged();
-        m_backupsViewModel.setIsPresented(false);
-        setSheetIsPresented(true);
     });
 }
 
 void DataViewModel::putInPlace(const Offer& offer) {
     const DataStores stores = m_singletons.dataStores();
     stores.history.finishRenames();
-    m_undo = Undo{UserData::of(m_singletons.userDefaults), QStringLiteral("Take back “%1”").arg(offer.title)};
+    m_undo = Undo{UserData::of(m_singletons.userDefaults), QStringLiteral("Undo “%1”").arg(offer.title)};
     m_isReplacing = true;
     std::visit([&stores](const auto& data) { stores.replace(data); }, offer.data);
     m_isReplacing = false;
     Q_EMIT canUndoChanged();
-    setMessage(QStringLiteral("All data is that of “%1” now.").arg(offer.title));
+    setMessage(QStringLiteral("All data is now that of “%1”.").arg(offer.title));
 }
 
 // Taking it back

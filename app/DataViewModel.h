@@ -96,7 +96,7 @@ public:
     QString previewTitle() const;
     QString previewText() const;
     // Over the two columns of the rows.
-    QStringList previewHeadings() const { return {QStringLiteral("Here now"), QStringLiteral("Afterwards")}; }
+    QStringList previewHeadings() const { return {QStringLiteral("Now"), QStringLiteral("Then")}; }
     QList<ReplaceRow> previewRows() const;
     Q_INVOKABLE void cancelReplace();
     // Makes a backup, then replaces everything at once.

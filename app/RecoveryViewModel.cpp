@@ -31,7 +31,7 @@ QString RecoveryViewModel::text() const {
 QList<BackupRow> RecoveryViewModel::rows() const {
     QList<BackupRow> rows;
     for (const BackupFile& each : m_backups) {
-        rows += {backupText(each), QStringLiteral("%1, verified").arg(sizeText(each.bytes)),
+        rows += {backupText(each), backupDetail(each, QStringLiteral("verified")),
                  QStringLiteral("backup_%1").arg(rows.size()), true, false};
     }
     return rows;

@@ -145,7 +145,6 @@ Answer offerBackups(const SettingsStoreChoice& choice, const QString& problem) {
     const QList<BackupFile> usable = RecoveryViewModel::usableBackups(folder);
     if (usable.isEmpty())
         return Answer::noBackups;
-    std::fprintf(stderr, "%s\n", problem.toUtf8().constData());
     QEventLoop loop;
     bool isRestored = false;
     RecoveryViewModel recovery(SqliteSettingsStore::filePath(choice.folder, choice.suite), problem, usable, [&] {
@@ -163,6 +162,7 @@ Answer offerBackups(const SettingsStoreChoice& choice, const QString& problem) {
     QGuiApplication::setQuitOnLastWindowClosed(false);
     QObject::connect(window, &QQuickWindow::visibleChanged, &loop, &QEventLoop::quit);
     const TerminationSignals signals([&loop] { loop.quit(); });
+    std::fprintf(stderr, "%s\n", problem.toUtf8().constData());
     loop.exec();
     QGuiApplication::setQuitOnLastWindowClosed(true);
     return isRestored ? Answer::restored : Answer::declined;

@@ -271,9 +271,9 @@ ExitCode listBackups(const QStringList& arguments) {
             const auto values = backups::read(backup.path);
             const auto summary = values ? DataSummary::of(UserData(*values))
                                         : json::Result<DataSummary>(json::Error{values.error().message});
-            print(QStringLiteral("%1  %2  %3  %4\n")
-                      .arg(QFileInfo(backup.path).fileName(), backupText(backup), sizeText(backup.bytes),
-                           summary ? QStringLiteral("verified") : summary.error().message));
+            print(QStringLiteral("%1  %2  %3\n")
+                      .arg(QFileInfo(backup.path).fileName(), backupText(backup),
+                           backupDetail(backup, summary ? QStringLiteral("verified") : summary.error().message)));
         }
         if (found.isEmpty())
             print(QStringLiteral("There are no backups in %1.\n").arg(folder));

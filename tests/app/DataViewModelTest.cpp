@@ -79,7 +79,7 @@ TEST_F(DataViewModelTest, AnImportIsShownThenDoneThenTakenBack) {
     const QByteArray own = document();
     importFrom(small);
     ASSERT_TRUE(data().previewIsPresented());
-    EXPECT_EQ(data().previewTitle(), QStringLiteral("Replace all data by “export.tamsel”?"));
+    EXPECT_EQ(data().previewTitle(), QStringLiteral("Replace all data with “export.tamsel”?"));
     ASSERT_EQ(data().previewRows().size(), 6);
     EXPECT_EQ(data().previewRows().at(0).spokenText, QStringLiteral("Items: now 1, then 2"));
     EXPECT_EQ(data().previewRows().at(4).then, QStringLiteral("14 March 2024"));
@@ -91,7 +91,7 @@ TEST_F(DataViewModelTest, AnImportIsShownThenDoneThenTakenBack) {
     EXPECT_EQ(document(), *datafile::read(small));
     ASSERT_EQ(made().size(), 1);
     EXPECT_EQ(UserData(*backups::read(made().first().path)), before);
-    EXPECT_EQ(data().statusText(), QStringLiteral("All data is that of “export.tamsel” now."));
+    EXPECT_EQ(data().statusText(), QStringLiteral("All data is now that of “export.tamsel”."));
 
     ASSERT_TRUE(data().canUndo());
     data().undo();
@@ -184,7 +184,7 @@ TEST_F(DataViewModelTest, BackupsAreListedLookedThroughAndRestored) {
     ASSERT_EQ(backups().rows().size(), 2);
     EXPECT_FALSE(backups().rows().first().isUsable) << "not before it was looked through";
     settle();
-    EXPECT_EQ(backups().rows().first().title, QStringLiteral("14 March 2024, 12:00, before an import"));
+    EXPECT_EQ(backups().rows().first().title, QStringLiteral("14 March 2024, 12:00"));
     EXPECT_EQ(backups().rows().last().title, QStringLiteral("14 March 2024"));
     for (const BackupRow& row : backups().rows()) {
         EXPECT_TRUE(row.isUsable);
@@ -192,7 +192,7 @@ TEST_F(DataViewModelTest, BackupsAreListedLookedThroughAndRestored) {
     }
     data().restore(1);
     settle();
-    EXPECT_EQ(data().previewTitle(), QStringLiteral("Replace all data by “14 March 2024”?"));
+    EXPECT_EQ(data().previewTitle(), QStringLiteral("Replace all data with “14 March 2024”?"));
     replace();
     EXPECT_EQ(document(), own);
     data().undo();

@@ -23,6 +23,16 @@ using test::UiWorld;
 
 const QString documentPath = QStringLiteral(TAMSEL_TEST_DATA "/export.tamsel");
 
+QQuickItem* findBelow(QQuickItem& item, const QString& identifier) {
+    if (item.objectName() == identifier)
+        return &item;
+    for (QQuickItem* const child : item.childItems()) {
+        if (QQuickItem* const found = findBelow(*child, identifier))
+            return found;
+    }
+    return nullptr;
+}
+
 class DataScreensTest : public testing::Test {
 protected:
     DataScreensTest() { QLocale::setDefault(QLocale::c()); }
@@ -48,7 +58,8 @@ protected:
         QObject* const dialog = ui.window().findChild<QObject*>(QLatin1String(dialogName));
         ASSERT_NE(dialog, nullptr);
         dialog->setProperty(property, url);
-        QMetaObject::invokeMethod(dialog, "accept");
+        QMetaObject::invokeMethod(dialog, "accepted");
+        QMetaObject::invokeMethod(dialog, "close");
         ui.settle();
     }
 
@@ -89,7 +100,7 @@ TEST_F(DataScreensTest, AnImportIsPreviewedReplacedAndTakenBack) {
     ui.settle();
     ASSERT_TRUE(ui.click(QStringLiteral("replace_confirm_button")));
     EXPECT_EQ(ui.singletons().exercises.items().last().name, QStringLiteral("Étude 9 “Winter”"));
-    EXPECT_EQ(text("data_message"), QStringLiteral("All data is that of “export.tamsel” now."));
+    EXPECT_EQ(text("data_message"), QStringLiteral("All data is now that of “export.tamsel”."));
     ASSERT_TRUE(ui.click(QStringLiteral("data_undo_button")));
     EXPECT_EQ(ui.singletons().exercises.items().last().name, QStringLiteral("Long Tones"));
     EXPECT_EQ(ui.find(QStringLiteral("data_undo_button")), nullptr);
@@ -177,7 +188,7 @@ TEST_F(DataScreensTest, TheRecoveryWindowPutsTheChosenBackupInPlace) {
     auto* const window = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
     ASSERT_NE(window, nullptr);
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
-    auto* const row = window->contentItem()->findChild<QQuickItem*>(QStringLiteral("backup_0"));
+    QQuickItem* const row = findBelow(*window->contentItem(), QStringLiteral("backup_0"));
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->property("text").toString(), QStringLiteral("14 March 2024"));
     QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier,

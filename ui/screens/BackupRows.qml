@@ -8,14 +8,14 @@ import Tamsel.Ui
 RowsCard {
     id: card
 
-    property list<backupRow> rows
+    property var rows: []
     property string actionText
 
     signal chosen(index: int)
 
     model: rows
     delegate: ListRow {
-        required property backupRow modelData
+        required property var modelData
         required property int index
 
         objectName: modelData.identifier
@@ -23,7 +23,8 @@ RowsCard {
         enabled: modelData.isUsable
         text: modelData.title
         detail: modelData.detail
-        trailing: modelData.isUsable ? card.actionText : ""
+        // Large text needs the room.
+        trailing: modelData.isUsable && Theme.textScale <= 1.3 ? card.actionText : ""
         last: index === card.count - 1
         onClicked: card.chosen(index)
     }

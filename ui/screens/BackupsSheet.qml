@@ -80,7 +80,7 @@ SheetPage {
         text: "Choose another folder …"
         onClicked: {
             choice.shown = true;
-            (choice.item as FolderChoice).open(); // qmllint disable
+            choice.item.open(); // qmllint disable
         }
     }
 

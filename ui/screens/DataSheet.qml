@@ -21,6 +21,21 @@ SheetPage {
         text: sheet.journal.explanation
     }
 
+    DataMessage {
+        width: parent.width
+        journal: sheet.journal
+    }
+
+    PillButton {
+        objectName: "data_undo_button"
+        width: parent.width
+        visible: sheet.journal.canUndo
+        enabled: !sheet.journal.isBusy
+        look: PillButton.Prominent
+        text: sheet.journal.undoText
+        onClicked: sheet.journal.undo()
+    }
+
     PillButton {
         objectName: "data_save_button"
         width: parent.width
@@ -57,32 +72,17 @@ SheetPage {
         onClicked: sheet.journal.backups.isPresented = true
     }
 
-    DataMessage {
-        width: parent.width
-        journal: sheet.journal
-    }
-
-    PillButton {
-        objectName: "data_undo_button"
-        width: parent.width
-        visible: sheet.journal.canUndo
-        enabled: !sheet.journal.isBusy
-        look: PillButton.Prominent
-        text: sheet.journal.undoText
-        onClicked: sheet.journal.undo()
-    }
-
     OnDemand {
         id: choice
 
         function save() {
             shown = true;
-            (item as FileChoice).save(); // qmllint disable
+            item.save(); // qmllint disable
         }
 
         function open() {
             shown = true;
-            (item as FileChoice).open(); // qmllint disable
+            item.open(); // qmllint disable
         }
 
         visible: false

@@ -8,17 +8,25 @@ PopupBase {
 
     required property LeftPracticeViewModel leftPractice
 
+    // Not before the window's screens have taken the keyboard, so that they do not take it from the dialog.
+    property bool ready: false
+
+    function begin() {
+        ready = true;
+    }
+
     readonly property real roomWidth: parent ? parent.width : 0
     readonly property real roomHeight: parent ? parent.height : 0
 
     objectName: "left_practice_dialog"
-    shown: leftPractice.isPresented
+    shown: ready && leftPractice.isPresented
     width: Math.min(Theme.dialogWidth * Math.max(1, Theme.textScale * 0.8), roomWidth - 2 * Theme.screenMargin)
     height: Math.min(implicitHeight, roomHeight - 2 * Theme.smallSpacing)
     implicitHeight: Math.ceil(page.height) + 2 * padding
     x: Math.round((roomWidth - width) / 2)
     y: Math.round((roomHeight - height) / 2)
 
+    Component.onCompleted: Qt.callLater(begin)
     onOpened: scope.forceActiveFocus(Qt.PopupFocusReason)
     onDismissed: leftPractice.decideLater()
 

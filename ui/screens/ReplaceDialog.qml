@@ -77,7 +77,7 @@ PopupBase {
                     Item {
                         id: row
 
-                        required property replaceRow modelData
+                        required property var modelData
                         required property int index
 
                         objectName: "replace_row_" + index
