@@ -34,26 +34,21 @@ QQuickItem* lookBelow(QQuickItem& item, const QString& identifier) {
 
 } // namespace
 
-void Tour::tell(const QString& line) {
-    std::printf("tour: %s\n", line.toUtf8().constData());
-    std::fflush(stdout);
-}
-
 Tour::Tour(QQuickWindow& window, Appearance& appearance, App& app, TourAudio& audio, const QString& folder)
     : m_window(window), m_appearance(appearance), m_app(app), m_audio(audio), m_folder(folder) {}
 
 bool Tour::take(const QString& stage) {
     try {
         resize(390, 844);
-        if (stage == QStringLiteral("restart"))
+        if (stage == QStringLiteral("restart")) {
             findPracticeAgain();
-        else if (stage == QStringLiteral("list"))
-            workTheList();
-        else if (stage == QStringLiteral("history"))
-            showHistory();
-        else if (stage == QStringLiteral("tools")) {
+        } else if (stage == QStringLiteral("tools")) {
             useTheTools();
             tell(QStringLiteral("worked the six tools, the settings sheet, the notes and the item's history"));
+        } else if (stage == QStringLiteral("list")) {
+            workTheList();
+        } else if (stage == QStringLiteral("history")) {
+            showHistory();
         } else if (stage == QStringLiteral("data")) {
             exchangeData();
         } else {

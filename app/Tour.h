@@ -44,7 +44,6 @@ private:
     void waitUntil(const QString& what, const std::function<bool()>& condition);
     void expect(const QString& what, bool holds);
 
-    static void tell(const QString& line);
     QQuickItem* lookFor(const QString& identifier) const;
     void press(int key, const QString& text = {});
     // Lets the app run for a while.
