@@ -42,6 +42,7 @@ void takeAll(Album& album, QSize size, const QString& suffix, qreal textScale) {
     history.openTopExercises();
     take("most-practiced");
     stack.pop();
+    ui.settle();
     history.openPracticeTime();
     ui.click(QStringLiteral("options_menu"));
     take("options");
