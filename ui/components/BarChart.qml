@@ -229,11 +229,25 @@ FocusScope {
         id: times
 
         // As many marks as fit beside each other, the last one always.
-        readonly property int widest: marks.count > 0 ? Math.max(...Array.from({length: marks.count}, (_, i) => marks.itemAt(i) === null ? 0 : (marks.itemAt(i) as Item).implicitWidth)) : 0
-        readonly property real distance: marks.count > 1 ? (view.chart.timeMarks[marks.count - 1].position
-                                                            - view.chart.timeMarks[0].position) * width / (marks.count - 1)
-                                                         : width
-        readonly property int every: Math.max(1, Math.ceil((widest + Theme.tightSpacing) / Math.max(1, distance)))
+        readonly property var all: view.chart.timeMarks
+        readonly property int count: all.length
+        readonly property real distance: count > 1 ? (all[count - 1].position - all[0].position) * width / (count - 1)
+                                                   : width
+        // The outer ones are moved inwards where they would reach beyond the chart.
+        readonly property real moved: count === 0 ? 0 : Math.max(0, widest / 2 - all[0].position * width,
+                                                                 widest / 2 - (1 - all[count - 1].position) * width)
+        readonly property int every: Math.max(1, Math.ceil((widest + Math.max(Theme.tightSpacing, moved + Theme.hairline))
+                                                           / Math.max(1, distance)))
+        property int widest: 0
+
+        function measure() {
+            let widest = 0;
+            for (let i = 0; i < marks.count; ++i) {
+                const mark = marks.itemAt(i);
+                widest = mark === null ? widest : Math.max(widest, mark.implicitWidth);
+            }
+            times.widest = widest;
+        }
 
         anchors.left: plot.left
         anchors.right: plot.right
@@ -245,12 +259,14 @@ FocusScope {
             id: marks
 
             model: view.chart.timeMarks
+            onItemAdded: times.measure()
 
             TextLabel {
                 required property var modelData
                 required property int index
 
-                visible: (marks.count - 1 - index) % times.every === 0
+                visible: (times.count - 1 - index) % times.every === 0
+                onImplicitWidthChanged: times.measure()
                 x: Math.round(Math.max(0, Math.min(times.width - implicitWidth,
                                                    modelData.position * times.width - implicitWidth / 2)))
                 kind: TextLabel.Caption
