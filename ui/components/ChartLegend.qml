@@ -35,6 +35,8 @@ Flow {
             TextLabel {
                 width: Math.min(implicitWidth, legend.width - Theme.chartDot - entry.spacing)
                 kind: TextLabel.Caption
+                wrapMode: Text.Wrap
+                maximumLineCount: 2
                 text: entry.modelData.name
                 Accessible.ignored: true
             }

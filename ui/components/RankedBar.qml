@@ -36,6 +36,8 @@ BaseButton {
             anchors.left: parent.left
             anchors.right: amount.left
             anchors.rightMargin: Theme.spacing
+            wrapMode: Text.Wrap
+            maximumLineCount: 3
             text: row.item.name
             Accessible.ignored: true
         }
