@@ -54,6 +54,9 @@ Card {
 
         PillButton {
             objectName: "full_ranking_button"
+            width: Math.min(implicitWidth, parent.width)
+            leftPadding: Theme.mediumSpacing
+            rightPadding: Theme.mediumSpacing
             visible: card.overview.explanation !== ""
             text: card.overview.rankingText
             onClicked: card.detailRequested()
