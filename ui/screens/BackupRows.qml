@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import Tamsel.App
 import Tamsel.Ui
 
 // A card with a row for each backup; those that cannot be read cannot be chosen.

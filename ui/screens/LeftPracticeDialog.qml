@@ -26,7 +26,7 @@ PopupBase {
     x: Math.round((roomWidth - width) / 2)
     y: Math.round((roomHeight - height) / 2)
 
-    Component.onCompleted: Qt.callLater(begin)
+    Component.onCompleted: Qt.callLater(begin) // qmllint disable
     onOpened: scope.forceActiveFocus(Qt.PopupFocusReason)
     onDismissed: leftPractice.decideLater()
 
