@@ -101,6 +101,8 @@ Item {
 
                     anchors.verticalCenter: parent.verticalCenter
                     width: Math.min(implicitWidth, parent.width - (save.visible ? save.width + Theme.tightSpacing : 0))
+                    wrapMode: Text.Wrap
+                    maximumLineCount: 2
                     kind: TextLabel.Caption
                     font.letterSpacing: 0.6
                     text: card.caption

@@ -37,7 +37,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.Wrap
-        maximumLineCount: 2
+        maximumLineCount: 3
         kind: TextLabel.Heading
         Accessible.role: Accessible.Heading
         Accessible.name: text
