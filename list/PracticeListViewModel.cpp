@@ -6,32 +6,14 @@
 #include "platform/Log.h"
 #include "reports/Formats.h"
 
-#include <chrono>
 #include <utility>
 
 namespace tamsel {
 
 namespace {
 
-constexpr std::chrono::seconds undoTime{7};
 // The component of the app in the catalogue of software centres.
 const QString catalogueIdentifier = QStringLiteral("app.tamsel.Tamsel");
-
-// The first moment that belongs to the range; nothing where all belongs to it.
-std::optional<Date> cutoff(TimeRange range, Date now, const Calendar& calendar) {
-    constexpr int monthsInYear = 12;
-    switch (range) {
-    case TimeRange::last7Days:
-    case TimeRange::last30Days:
-    case TimeRange::last90Days:
-        return cutoffOfLastDays(static_cast<int>(range), now, calendar);
-    case TimeRange::last12Months:
-        return cutoffOfLastMonths(monthsInYear, now, calendar);
-    case TimeRange::allMonths:
-        break;
-    }
-    return std::nullopt;
-}
 
 // Finds the earlier row of an item in a list that hardly changed.
 class EarlierRows {
@@ -60,8 +42,9 @@ PracticeListViewModel::PracticeListViewModel(Singletons& singletons, const Platf
     : m_singletons(singletons), m_platform(platform),
       m_metronomeViewModel(true, std::nullopt, singletons.metronome, platform.clock, platform.mainQueue),
       m_historyIndex(singletons.history), m_reviewPrompt(singletons.userDefaults, singletons.history, platform),
-      m_lastRemoval(singletons), m_addButton{QStringLiteral("add item"), QStringLiteral("docBadgePlus"),
-                                             [this] { addTapped(); }},
+      m_lastRemoval(singletons),
+      m_notice(platform.mainQueue), m_addButton{QStringLiteral("add item"), QStringLiteral("docBadgePlus"),
+                                                [this] { addTapped(); }},
       m_sortMenu(QStringLiteral("sort_order_menu"), QStringLiteral("sortOrder"), QStringLiteral("Sort")),
       m_shake(platform.shakeSource, platform.mainQueue, [this] { shaken(); }),
       m_sortOrder(storedSortOrder(singletons.userDefaults)),
@@ -110,9 +93,25 @@ void PracticeListViewModel::refresh() {
     showSections();
 }
 
+std::optional<Date> PracticeListViewModel::cutoff() const {
+    constexpr int monthsInYear = 12;
+    const Date now = m_platform.clock.now();
+    switch (m_sortOrderTimeRange) {
+    case TimeRange::last7Days:
+    case TimeRange::last30Days:
+    case TimeRange::last90Days:
+        return cutoffOfLastDays(static_cast<int>(m_sortOrderTimeRange), now, m_platform.calendar);
+    case TimeRange::last12Months:
+        return cutoffOfLastMonths(monthsInYear, now, m_platform.calendar);
+    case TimeRange::allMonths:
+        break;
+    }
+    return std::nullopt;
+}
+
 void PracticeListViewModel::rebuildExerciseRows() {
     m_historyIndex.update();
-    const std::optional<Date> since = cutoff(m_sortOrderTimeRange, m_platform.clock.now(), m_platform.calendar);
+    m_since = cutoff();
     EarlierRows earlierRows(m_exercises.unfilteredRows());
     QList<ExercisesSection::Row> rows;
     const QList<Exercise>& items = m_singletons.exercises.items();
@@ -120,7 +119,7 @@ void PracticeListViewModel::rebuildExerciseRows() {
     for (const Exercise& exercise : items) {
         ExercisesSection::Row row{exercise,
                                   m_historyIndex.lastPracticedDate(exercise.name),
-                                  m_historyIndex.practiceTime(exercise.name, since),
+                                  m_historyIndex.practiceTime(exercise.name, m_since),
                                   {},
                                   {}};
         const ExercisesSection::Row* const earlier = earlierRows.find(exercise, rows.size());
@@ -232,8 +231,8 @@ void PracticeListViewModel::reload() {
     });
     if (menuChanges)
         updateSortMenu();
-    // Midnight may have passed since the list was last looked at.
-    m_exerciseRowsAreStale = true;
+    // The range may be another one, or midnight may have passed since the list was last looked at.
+    m_exerciseRowsAreStale |= cutoff() != m_since;
     refresh();
 }
 
@@ -320,7 +319,7 @@ void PracticeListViewModel::unarchive(const Exercise& exercise) {
     if (m_lastRemoval.isOf(exercise)) {
         // There is nothing left to take back.
         m_lastRemoval.forget();
-        setUndoText(QString());
+        m_notice.end();
     }
     m_singletons.exercises.unarchive(exercise);
     log(QStringLiteral("unarchived exercise: ") + exercise.name);
@@ -412,24 +411,14 @@ QList<RowAction> PracticeListViewModel::rowMenuActions() const {
 }
 
 void PracticeListViewModel::offerUndo() {
-    setUndoText(m_lastRemoval.text());
-    m_platform.mainQueue.asyncAfter(undoTime, [self = std::weak_ptr(m_self), offer = ++m_undoOffers] {
-        const auto list = self.lock();
-        if (list && (*list)->m_undoOffers == offer)
-            (*list)->setUndoText(QString());
-    });
-}
-
-void PracticeListViewModel::setUndoText(const QString& text) {
-    if (std::exchange(m_undoText, text) != text)
-        Q_EMIT undoTextChanged();
+    m_notice.offerUndo(m_lastRemoval.text(), [this] { undo(); });
 }
 
 void PracticeListViewModel::undo() {
     if (!m_lastRemoval.isThere())
         return;
     m_lastRemoval.takeBack();
-    setUndoText(QString());
+    m_notice.end();
     asynchronouslyReloadData();
 }
 
@@ -481,7 +470,7 @@ void PracticeListViewModel::onAppear() {
     if (!std::exchange(m_isFirstLaunch, false)) {
         // What was done before the list was left is not taken back by a shake of the device.
         m_lastRemoval.forget();
-        setUndoText(QString());
+        m_notice.end();
         asynchronouslyReloadData();
         if (m_reviewPrompt.shouldRequestReview()) {
             m_requestToPresentAppStoreReview = true;

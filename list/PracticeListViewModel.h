@@ -18,6 +18,7 @@
 #include "model/PracticeSession.h"
 #include "platform/Observable.h"
 #include "platform/Platform.h"
+#include "practice/TimedNotice.h"
 #include "reports/TimeRange.h"
 
 #include <QList>
@@ -62,7 +63,7 @@ class PracticeListViewModel final : public QObject {
     Q_PROPERTY(bool rowMenuIsPresented READ rowMenuIsPresented NOTIFY rowMenuChanged FINAL)
     Q_PROPERTY(QString rowMenuTitle READ rowMenuTitle NOTIFY rowMenuChanged FINAL)
     Q_PROPERTY(QList<tamsel::RowAction> rowMenuActions READ rowMenuActions NOTIFY rowMenuChanged FINAL)
-    Q_PROPERTY(QString undoText READ undoText NOTIFY undoTextChanged FINAL)
+    Q_PROPERTY(tamsel::TimedNotice* notice READ notice CONSTANT FINAL)
 
     Q_PROPERTY(bool addExerciseAlertIsPresented READ addExerciseAlertIsPresented WRITE setAddExerciseAlertIsPresented
                    NOTIFY addExerciseAlertIsPresentedChanged FINAL)
@@ -122,8 +123,8 @@ public:
     bool rowMenuIsPresented() const { return m_rowMenu.has_value(); }
     QString rowMenuTitle() const;
     QList<RowAction> rowMenuActions() const;
-    // What can be taken back, for some seconds after it was done; empty otherwise.
-    const QString& undoText() const { return m_undoText; }
+    // Offers to take back the last removal, for some seconds after it was done.
+    TimedNotice* notice() { return &m_notice; }
 
     MetronomeViewModel* metronomeViewModel() { return &m_metronomeViewModel; }
 
@@ -180,7 +181,6 @@ Q_SIGNALS:
     void searchBarTextChanged();
     void sectionsChanged();
     void rowMenuChanged();
-    void undoTextChanged();
     void reviewChanged();
     void addExerciseAlertIsPresentedChanged();
     void addExerciseAlertTextFieldTextChanged();
@@ -200,11 +200,12 @@ private:
     void act(const Target& target, int action);
     void offerUndo();
     void shaken();
-    void setUndoText(const QString& text);
     // Takes in what the stores published, on a later turn of the main queue and once.
     void scheduleRefresh();
     void refresh();
     void rebuildExerciseRows();
+    // The first moment that belongs to the span of the rows' times; nothing where all belongs to it.
+    std::optional<Date> cutoff() const;
     void showSections();
     void updateSortMenu();
     void reload();
@@ -217,6 +218,7 @@ private:
     HistoryIndex m_historyIndex;
     ReviewPrompt m_reviewPrompt;
     LastRemoval m_lastRemoval;
+    TimedNotice m_notice;
     const ToolbarButton m_addButton;
     ToolbarMenuViewModel m_sortMenu;
     const DeviceShakeViewModifier m_shake; // takes back what undo() does
@@ -226,6 +228,7 @@ private:
 
     bool m_refreshIsScheduled = false;
     bool m_exerciseRowsAreStale = true;
+    std::optional<Date> m_since; // what the times of the rows are counted from; nothing for all time
     ExercisesSection m_exercises;
     ArchiveSection m_archive;
     // What is shown.
@@ -238,8 +241,6 @@ private:
     QString m_dailyLogTitle;
 
     std::optional<Target> m_rowMenu;
-    QString m_undoText;
-    quint64 m_undoOffers = 0; // so far; the end of an earlier one leaves a later one alone
     bool m_isOnTop = false;
     bool m_isFirstLaunch = true; // until the list has appeared once
     bool m_requestToPresentAppStoreReview = false;

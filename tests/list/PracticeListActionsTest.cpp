@@ -43,7 +43,7 @@ TEST_F(PracticeListActionsTest, ArchivingFromTheItems) {
     list->act(Section::Exercises, 1, 0);
     EXPECT_EQ(items(), (QList<Exercise>{a, c}));
     EXPECT_EQ(archived(), QList<Exercise>{b});
-    EXPECT_EQ(list->undoText(), QStringLiteral("Archived “B”"));
+    EXPECT_EQ(list->notice()->text(), QStringLiteral("Archived “B”"));
     world.mainQueue.runDue();
     EXPECT_EQ(list->archivedItemsCount(), 1);
     EXPECT_EQ(list->exerciseRows()->count(), 2);
@@ -103,7 +103,7 @@ TEST_F(PracticeListActionsTest, DeletingRemovesTheOldestKeysAndNothingElse) {
     list->deleteArchived(a);
     EXPECT_TRUE(items().contains(a)) << "only what is archived is deleted";
     EXPECT_TRUE(console.lines().contains(QStringLiteral("deleted archived exercise: A")));
-    EXPECT_EQ(list->undoText(), QString());
+    EXPECT_EQ(list->notice()->text(), QString());
 }
 
 TEST_F(PracticeListActionsTest, UndoBringsBackExactlyWhatWas) {
@@ -119,12 +119,12 @@ TEST_F(PracticeListActionsTest, UndoBringsBackExactlyWhatWas) {
     EXPECT_TRUE(archived().isEmpty());
     EXPECT_EQ(singletons().dailyLog.practiceSessions(), log);
     EXPECT_EQ(list->dailyLogRows()->count(), 3);
-    EXPECT_EQ(list->undoText(), QString());
+    EXPECT_EQ(list->notice()->text(), QString());
 
     for (const Exercise& each : {a, b, c})
         list->archive(each);
     list->deleteArchived(b);
-    EXPECT_EQ(list->undoText(), QStringLiteral("Deleted “B”"));
+    EXPECT_EQ(list->notice()->text(), QStringLiteral("Deleted “B”"));
     list->undo();
     EXPECT_EQ(archived(), (QList<Exercise>{a, b, c}));
     list->undo();
@@ -138,9 +138,9 @@ TEST_F(PracticeListActionsTest, UndoKeepsWhatHappenedMeanwhile) {
     EXPECT_EQ(items().at(1).name, QStringLiteral("B flat"));
     list->archive(a);
     list->unarchive(c);
-    EXPECT_EQ(list->undoText(), QStringLiteral("Archived “A”"));
+    EXPECT_EQ(list->notice()->text(), QStringLiteral("Archived “A”"));
     list->unarchive(a);
-    EXPECT_EQ(list->undoText(), QString());
+    EXPECT_EQ(list->notice()->text(), QString());
     list->undo();
     EXPECT_EQ(items().count(a), 1) << "it had come back by hand";
     EXPECT_TRUE(archived().isEmpty());
@@ -148,18 +148,18 @@ TEST_F(PracticeListActionsTest, UndoKeepsWhatHappenedMeanwhile) {
 
 TEST_F(PracticeListActionsTest, UndoIsOfferedForSomeSecondsAndForTheLastRemoval) {
     list->archive(a);
-    world.mainQueue.advance(5s);
+    world.mainQueue.advance(TimedNotice::undoTime - 1s);
     list->archive(b);
-    world.mainQueue.advance(5s);
-    EXPECT_EQ(list->undoText(), QStringLiteral("Archived “B”")) << "its own seconds are not over";
-    world.mainQueue.advance(5s);
-    EXPECT_EQ(list->undoText(), QString());
+    world.mainQueue.advance(TimedNotice::undoTime - 1s);
+    EXPECT_EQ(list->notice()->text(), QStringLiteral("Archived “B”")) << "its own seconds are not over";
+    world.mainQueue.advance(1s);
+    EXPECT_EQ(list->notice()->text(), QString());
     list->undo();
     EXPECT_EQ(items(), (QList<Exercise>{b, c})) << "a key still takes it back";
 
     list->archive(b);
     list->onAppear();
-    EXPECT_EQ(list->undoText(), QString());
+    EXPECT_EQ(list->notice()->text(), QString());
     list->undo();
     EXPECT_EQ(items(), QList<Exercise>{c}) << "what lies before another visit stays";
 }

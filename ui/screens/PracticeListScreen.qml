@@ -375,25 +375,9 @@ FocusScope {
         x: screen.margin
         width: screen.columnWidth
         visible: wanted
-        wanted: screen.list.undoText !== ""
-        file: Qt.resolvedUrl("../components/UndoBar.qml")
-
-        Binding {
-            target: undo.item
-            property: "text"
-            value: screen.list.undoText
-            when: undo.item !== null
-        }
-
-        Connections {
-            target: undo.item
-            // Naming the bar's type would load it at the start.
-            ignoreUnknownSignals: true
-
-            function onUndone() {
-                screen.list.undo();
-            }
-        }
+        wanted: screen.list.notice.text !== ""
+        file: Qt.resolvedUrl("../components/Toast.qml")
+        given: ({"notice": screen.list.notice})
     }
 
     OnDemand {

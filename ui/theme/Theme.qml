@@ -34,10 +34,6 @@ QtObject {
     readonly property color bellHaze: reducedMotion ? "transparent" : dark ? "#1cf0a06a" : "#1ae07a3f"
     readonly property color warningGround: dark ? "#4a3524" : "#fbe3d2"
     readonly property color warningInk: dark ? "#ffd9bd" : "#6b3413"
-    // A bar that lies over the screen for some seconds stands out from it by being of the other scheme.
-    readonly property color undoGround: dark ? "#e9edf3" : "#252b39"
-    readonly property color undoInk: dark ? "#252b39" : "#edeff5"
-    readonly property color undoAccent: dark ? "#4a55c9" : "#a9b1ff"
     readonly property color clearGround: dark ? "#0022262f" : "#00e9edf3"
     readonly property color scrim: dark ? "#99000000" : "#59252b39"
     readonly property color shadow: dark ? "#73000000" : "#8c9eacc4"
