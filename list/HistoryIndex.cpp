@@ -1,6 +1,6 @@
 #include "list/HistoryIndex.h"
 
-#include "platform/Checked.h"
+#include "platform/FatalError.h"
 
 #include <algorithm>
 
@@ -16,32 +16,56 @@ void HistoryIndex::update() {
     // Many events of one item follow each other; `item` saves looking it up again.
     const QString* name = nullptr;
     Item* item = nullptr;
+    bool someAreDisordered = false;
     for (; m_known < events.size(); ++m_known) {
         const HistoryEvent& event = events.at(m_known);
         if (name == nullptr || *name != event.exerciseName) {
             name = &event.exerciseName;
             item = &m_items[*name];
         }
-        item->last = item->practices.empty() ? event.date : std::max(item->last, event.date);
-        item->practices.push_back({event.date, event.practiceTime});
+        std::vector<Practice>& practices = item->practices;
+        const WideMinutes earlier = practices.empty() ? 0 : practices.back().earlier + practices.back().minutes;
+        if (!practices.empty() && event.date < practices.back().date) {
+            item->isInOrder = false;
+            someAreDisordered = true;
+        }
+        practices.push_back({event.date, event.practiceTime, earlier});
     }
+    if (!someAreDisordered)
+        return;
+    for (Item& each : m_items) {
+        if (!each.isInOrder)
+            putInOrder(each);
+    }
+}
+
+void HistoryIndex::putInOrder(Item& item) {
+    std::ranges::stable_sort(item.practices, {}, &Practice::date);
+    WideMinutes earlier = 0;
+    for (Practice& practice : item.practices) {
+        practice.earlier = earlier;
+        earlier += practice.minutes;
+    }
+    item.isInOrder = true;
 }
 
 std::optional<Date> HistoryIndex::lastPracticedDate(const QString& name) const {
     const auto item = m_items.constFind(name);
-    return item == m_items.cend() ? std::nullopt : std::optional(item->last);
+    return item == m_items.cend() ? std::nullopt : std::optional(item->practices.back().date);
 }
 
 qint64 HistoryIndex::practiceTime(const QString& name, std::optional<Date> since) const {
     const auto item = m_items.constFind(name);
-    if (item == m_items.cend() || (since && item->last < *since))
+    if (item == m_items.cend())
         return 0;
-    qint64 minutes = 0;
-    for (const Practice& practice : item->practices) {
-        if (!since || practice.date >= *since)
-            minutes = checkedAdd(minutes, practice.minutes);
-    }
-    return minutes;
+    const std::vector<Practice>& practices = item->practices;
+    const auto first = since ? std::ranges::lower_bound(practices, *since, {}, &Practice::date) : practices.cbegin();
+    if (first == practices.cend())
+        return 0;
+    const WideMinutes minutes = practices.back().earlier + practices.back().minutes - first->earlier;
+    if (minutes != static_cast<qint64>(minutes))
+        trap();
+    return static_cast<qint64>(minutes);
 }
 
 } // namespace tamsel

@@ -27,14 +27,20 @@ public:
     qint64 practiceTime(const QString& name, std::optional<Date> since) const;
 
 private:
+    // Sums of minutes, none of which is too large for it.
+    __extension__ typedef __int128 WideMinutes;
+
     struct Practice {
         Date date;
         qint64 minutes;
+        WideMinutes earlier; // the minutes of all practices before it
     };
     struct Item {
-        Date last;
-        std::vector<Practice> practices; // in the order of recording; never empty
+        std::vector<Practice> practices; // by date; never empty
+        bool isInOrder = true;
     };
+
+    static void putInOrder(Item& item);
 
     const History& m_history;
     quint64 m_generation = 0;
