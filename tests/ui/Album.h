@@ -24,13 +24,18 @@ public:
 
     // In light and in dark.
     void take(UiWorld& ui, const QString& name) {
+        take(ui.appearance(), name, [&ui] { return ui.grab(); });
+    }
+    // Of a window that is not the app's.
+    template <typename Grab>
+    void take(Appearance& appearance, const QString& name, Grab grab) {
         if (!name.contains(m_part))
             return;
         for (const bool dark : {false, true}) {
-            ui.appearance().setScheme(dark ? Appearance::Scheme::Dark : Appearance::Scheme::Light);
+            appearance.setScheme(dark ? Appearance::Scheme::Dark : Appearance::Scheme::Light);
             const QString path = QStringLiteral("%1/%2-%3.png")
                                      .arg(m_folder, name, dark ? QStringLiteral("dark") : QStringLiteral("light"));
-            ui.grab().save(path);
+            grab().save(path);
         }
     }
 
@@ -39,8 +44,11 @@ private:
     const QString m_part;
 };
 
-// The practice screen in all its states.
+// All states of some screens, in a file each.
+void takeDataScreens(Album& album);
+void takeHistoryScreens(Album& album);
+void takeListScreens(Album& album);
+void takeNavigationScreens(Album& album);
 void takePracticeTools(Album& album);
-void takeMirroredPracticeTools(Album& album);
 
 } // namespace tamsel::test

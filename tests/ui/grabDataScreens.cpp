@@ -6,24 +6,15 @@
 #include "tests/ui/UiWorld.h"
 #include "ui/Ui.h"
 
-#include <QDir>
 #include <QGuiApplication>
 #include <QTemporaryDir>
 
-#include <cstdio>
-
-// Grabs the screens for all data as a whole to PNG files: grab_data_screens <folder>.
+// The screens for all data as a whole.
 
 namespace tamsel::test {
 namespace {
 
 using namespace std::chrono_literals;
-
-struct View {
-    QSize size;
-    const char* name;
-    qreal textScale;
-};
 
 void makeBackups(UiWorld& ui, const QString& folder) {
     ui.backups().setFolder(folder);
@@ -72,7 +63,7 @@ void takeLeft(Album& album, const View& view) {
     album.take(ui, QStringLiteral("left-") + QString::fromLatin1(view.name));
 }
 
-void takeRecovery(const QString& album, const View& view) {
+void takeRecovery(Album& album, const View& view) {
     const QTemporaryDir folder;
     UiWorld ui;
     ui.open();
@@ -89,40 +80,24 @@ void takeRecovery(const QString& album, const View& view) {
     auto* const appearance = engine.singletonInstance<Appearance*>(qmlTypeId("Tamsel.Ui", 1, 0, "Appearance"));
     window->resize(view.size);
     appearance->setTextScale(view.textScale);
-    for (const bool dark : {false, true}) {
-        appearance->setScheme(dark ? Appearance::Scheme::Dark : Appearance::Scheme::Light);
+    album.take(*appearance, QStringLiteral("recovery-") + QString::fromLatin1(view.name), [&] {
         ui.settle();
-        window->grabWindow().save(
-            QStringLiteral("%1/recovery-%2-%3.png")
-                .arg(album, QString::fromLatin1(view.name), dark ? QStringLiteral("dark") : QStringLiteral("light")));
-    }
+        return window->grabWindow();
+    });
 }
 
-int grabAll(const QString& folder) {
-    if (!QDir().mkpath(folder))
-        return 1;
-    Album album(folder);
+} // namespace
+
+void takeDataScreens(Album& album) {
     for (const View& view : {View{{390, 844}, "phone", 1}, View{{360, 640}, "small", 1}, View{{390, 844}, "large", 2},
                              View{{844, 390}, "flat", 1}, View{{1180, 820}, "wide", 1}}) {
         takeData(album, view);
         takeLeft(album, view);
-        takeRecovery(folder, view);
+        takeRecovery(album, view);
     }
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     takeData(album, {{390, 844}, "mirrored", 1});
-    return 0;
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
-} // namespace
 } // namespace tamsel::test
-
-int main(int argc, char* argv[]) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
-    const QGuiApplication application(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: grab_data_screens <folder>\n");
-        return 2;
-    }
-    return tamsel::test::grabAll(QString::fromLocal8Bit(argv[1]));
-}

@@ -4,13 +4,11 @@
 #include "tests/ui/Album.h"
 #include "tests/ui/UiWorld.h"
 
-#include <QDir>
 #include <QGuiApplication>
 
 #include <algorithm>
-#include <cstdio>
 
-// Grabs the history and its reports to PNG files: grab_history_screens <folder>.
+// The history and its reports.
 
 namespace tamsel::test {
 namespace {
@@ -71,10 +69,9 @@ void takeEmpty(Album& album, QSize size, const QString& suffix) {
     album.take(ui, QStringLiteral("history-empty-") + suffix);
 }
 
-int grabAll(const QString& folder) {
-    if (!QDir().mkpath(folder))
-        return 1;
-    Album album(folder);
+} // namespace
+
+void takeHistoryScreens(Album& album) {
     takeEmpty(album, {390, 844}, QStringLiteral("phone"));
     takeAll(album, {390, 844}, QStringLiteral("phone"), 1);
     takeAll(album, {360, 640}, QStringLiteral("small"), 1);
@@ -82,19 +79,7 @@ int grabAll(const QString& folder) {
     takeAll(album, {1180, 820}, QStringLiteral("wide"), 1);
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     takeAll(album, {390, 844}, QStringLiteral("mirrored"), 1);
-    return 0;
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
-} // namespace
 } // namespace tamsel::test
-
-int main(int argc, char* argv[]) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
-    const QGuiApplication application(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: grab_history_screens <folder>\n");
-        return 2;
-    }
-    return tamsel::test::grabAll(QString::fromLocal8Bit(argv[1]));
-}

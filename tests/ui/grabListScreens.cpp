@@ -1,14 +1,12 @@
 #include "tests/ui/Album.h"
 #include "tests/ui/UiWorld.h"
 
-#include <QDir>
 #include <QGuiApplication>
 #include <QTest>
 
 #include <algorithm>
-#include <cstdio>
 
-// Grabs the practice list in all its states to PNG files: grab_list_screens <folder>.
+// The practice list in all its states.
 
 namespace tamsel::test {
 namespace {
@@ -149,15 +147,9 @@ void takeSizes(Album& album) {
     }
 }
 
-int grabAll(const QString& folder) {
-    if (!QDir().mkpath(folder))
-        return 1;
-    Album album(folder);
-    struct View {
-        QSize size;
-        const char* name;
-        qreal textScale;
-    };
+} // namespace
+
+void takeListScreens(Album& album) {
     for (const View& view :
          {View{{390, 844}, "phone", 1}, View{{360, 640}, "small", 1}, View{{390, 844}, "large", 2},
           View{{360, 640}, "small-large", 2}, View{{844, 390}, "flat", 1}, View{{1180, 820}, "wide", 1}}) {
@@ -167,19 +159,7 @@ int grabAll(const QString& folder) {
     takeSizes(album);
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     takeStates(album, {390, 844}, QStringLiteral("mirrored"), 1);
-    return 0;
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
-} // namespace
 } // namespace tamsel::test
-
-int main(int argc, char* argv[]) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
-    const QGuiApplication application(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: grab_list_screens <folder>\n");
-        return 2;
-    }
-    return tamsel::test::grabAll(QString::fromLocal8Bit(argv[1]));
-}

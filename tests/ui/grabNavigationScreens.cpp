@@ -2,13 +2,10 @@
 #include "tests/ui/Album.h"
 #include "tests/ui/UiWorld.h"
 
-#include <QDir>
 #include <QGuiApplication>
 #include <QTest>
 
-#include <cstdio>
-
-// Grabs the tabs, their badge, the tip jar and the way back to PNG files: grab_navigation_screens <folder>.
+// The tabs, their badge, the tip jar and the way back.
 
 namespace tamsel::test {
 namespace {
@@ -60,10 +57,9 @@ void takeSwipe(Album& album, int pulled, const QString& name) {
     QTest::touchEvent(&ui.window(), finger).release(0, at(pulled));
 }
 
-int grabAll(const QString& folder) {
-    if (!QDir().mkpath(folder))
-        return 1;
-    Album album(folder);
+} // namespace
+
+void takeNavigationScreens(Album& album) {
     takeThanks(album, {390, 844}, QStringLiteral("phone"), 1);
     takeThanks(album, {360, 640}, QStringLiteral("small"), 1);
     takeThanks(album, {390, 844}, QStringLiteral("large"), 2);
@@ -74,20 +70,7 @@ int grabAll(const QString& folder) {
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     takeSwipe(album, 120, QStringLiteral("swipe-mirrored"));
     takeThanks(album, {390, 844}, QStringLiteral("mirrored"), 1);
-    return 0;
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
-} // namespace
 } // namespace tamsel::test
-
-int main(int argc, char* argv[]) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
-    qputenv("QML_NO_TOUCH_COMPRESSION", "1");
-    const QGuiApplication application(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: grab_navigation_screens <folder>\n");
-        return 2;
-    }
-    return tamsel::test::grabAll(QString::fromLocal8Bit(argv[1]));
-}

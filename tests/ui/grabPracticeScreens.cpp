@@ -2,6 +2,8 @@
 #include "tests/ui/Album.h"
 #include "tests/ui/UiWorld.h"
 
+#include <QGuiApplication>
+
 // The practice screen in all its states.
 namespace tamsel::test {
 
@@ -116,9 +118,7 @@ void takePracticeTools(Album& album) {
     for (const View& view : {View{{390, 844}, "phone", 1}, View{{360, 640}, "small", 1}, View{{390, 844}, "large", 2},
                              View{{844, 390}, "flat", 1}})
         takeTools(album, view);
-}
-
-void takeMirroredPracticeTools(Album& album) {
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     ExerciseSettings settings;
     allTools(settings);
     UiWorld ui;
@@ -126,6 +126,7 @@ void takeMirroredPracticeTools(Album& album) {
     album.take(ui, QStringLiteral("tools-all-mirrored"));
     ui.practice()->settingsTapped();
     album.take(ui, QStringLiteral("tools-settings-mirrored"));
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
 } // namespace tamsel::test

@@ -8,8 +8,8 @@
 
 #include <cstdio>
 
-// Grabs every screen to PNG files, to be looked at: grab_screens <folder> [<part of a name>]. QT_SCALE_FACTOR sets the
-// resolution.
+// Grabs every screen to PNG files, to be looked at: grab_screens <folder> [<chapter> [<part of a picture's name>]].
+// QT_SCALE_FACTOR sets the resolution.
 
 namespace tamsel::test {
 namespace {
@@ -104,11 +104,7 @@ void takeOdd(Album& album) {
     album.take(ui, QStringLiteral("focus"));
 }
 
-int grabAll(const QString& folder, const QString& part) {
-    if (!QDir().mkpath(folder))
-        return 1;
-    Album album(folder, part);
-    takePracticeTools(album);
+void takeScreens(Album& album) {
     for (const View& view :
          {View{{390, 844}, "phone", 1}, View{{360, 640}, "small", 1}, View{{390, 844}, "large", 2},
           View{{844, 390}, "flat", 1}, View{{1180, 820}, "wide", 1}, View{{768, 1024}, "tablet", 1}}) {
@@ -117,9 +113,32 @@ int grabAll(const QString& folder, const QString& part) {
     }
     takeOdd(album);
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
-    takeMirroredPracticeTools(album);
     takeList(album, {390, 844}, QStringLiteral("mirrored"), 1);
     takePractice(album, {844, 390}, QStringLiteral("mirrored"), 1);
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+struct Chapter {
+    const char* name;
+    void (*take)(Album& album);
+};
+
+constexpr Chapter chapters[] = {
+    {"screens", takeScreens},        {"practice", takePracticeTools},       {"list", takeListScreens},
+    {"history", takeHistoryScreens}, {"navigation", takeNavigationScreens}, {"data", takeDataScreens},
+};
+
+int grab(const QString& folder, const QString& wanted, const QString& part) {
+    for (const Chapter& chapter : chapters) {
+        const QString name = QString::fromLatin1(chapter.name);
+        if (!wanted.isEmpty() && wanted != name)
+            continue;
+        const QString place = folder + QLatin1Char('/') + name;
+        if (!QDir().mkpath(place))
+            return 1;
+        Album album(place, part);
+        chapter.take(album);
+    }
     return 0;
 }
 
@@ -129,10 +148,15 @@ int grabAll(const QString& folder, const QString& part) {
 int main(int argc, char* argv[]) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QUICK_BACKEND", "software");
+    qputenv("QML_NO_TOUCH_COMPRESSION", "1");
     const QGuiApplication application(argc, argv);
-    if (argc != 2 && argc != 3) {
-        std::fprintf(stderr, "usage: grab_screens <folder> [<part of a picture's name>]\n");
+    const auto argument = [&](int i) { return i < argc ? QString::fromLocal8Bit(argv[i]) : QString(); };
+    if (argc < 2 || argc > 4) {
+        std::fprintf(stderr, "usage: grab_screens <folder> [<chapter> [<part of a picture's name>]]\nchapters:");
+        for (const tamsel::test::Chapter& chapter : tamsel::test::chapters)
+            std::fprintf(stderr, " %s", chapter.name);
+        std::fprintf(stderr, "\n");
         return 2;
     }
-    return tamsel::test::grabAll(QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argc == 3 ? argv[2] : ""));
+    return tamsel::test::grab(argument(1), argument(2), argument(3));
 }
