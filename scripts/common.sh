@@ -16,6 +16,10 @@ step() {
   else
     printf 'FAILED\n\n'
     tail -n 40 "$log"
+    # What failed, once more and last: where only an output's end is kept, this is what one needs of it.
+    printf '\n'
+    { grep -aE -A 6 ': Failure$|: error: |^FAIL!|^Error:|^\[  FAILED  \]|ERROR: AddressSanitizer|WARNING: ThreadSanitizer|runtime error:' "$log" || true; } |
+      tail -n 30
     printf '\nThe full log: %s\n' "$log"
     exit 1
   fi

@@ -4,14 +4,18 @@
 #include "metronome/Metronome.h"
 #include "metronome/OfflineOutput.h"
 #include "tests/metronome/FakeAudioSession.h"
+#include "tests/metronome/HoldUps.h"
 #include "tests/metronome/Recorder.h"
 #include "tests/metronome/SoundServer.h"
 #include "tests/support/LogCapture.h"
 
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <iostream>
 #include <memory>
 #include <random>
 #include <thread>
@@ -23,6 +27,11 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr double sampleRate = 44100;
+
+// How late threads may be woken before what was heard says nothing of us: of which clicks were heard, as the device
+// holds 75 ms; and of when they were.
+constexpr std::chrono::milliseconds heldUpForSamples(30);
+constexpr std::chrono::milliseconds heldUpForTimes(8);
 
 // Keeps every processor busy while it lives.
 class BusyLoops {
@@ -88,9 +97,46 @@ class SoundTest : public testing::Test {
 protected:
     void SetUp() override {
         QString reason;
-        m_server = test::SoundServer::start(reason);
-        if (m_server == nullptr)
+        if (test::SoundServer::start(reason) == nullptr)
             GTEST_SKIP() << "no real sound: " << qPrintable(reason);
+    }
+
+    // Runs the test with a server of its own. What fails while the machine did not let anybody run for a while says
+    // nothing of our sound, so it is tried anew; what fails on a machine that was not held up is a failure, at once.
+    void listen(const std::function<void()>& test, std::chrono::milliseconds heldUp = heldUpForSamples) {
+        for (int attempt = 1; attempt <= 4; ++attempt) {
+            testing::TestPartResultArray results;
+            const test::HoldUps holdUps;
+            {
+                const testing::ScopedFakeTestPartResultReporter reporter(
+                    testing::ScopedFakeTestPartResultReporter::INTERCEPT_ONLY_CURRENT_THREAD, &results);
+                begin();
+                if (results.size() == 0)
+                    test();
+            }
+            const auto longest = holdUps.longest() / 1us;
+            std::cout << "attempt " << attempt << ": " << results.size() << " failures, the longest hold-up "
+                      << static_cast<double>(longest) / 1000 << " ms\n";
+            if (results.size() == 0)
+                return;
+            for (int i = 0; i < results.size(); ++i)
+                std::cout << results.GetTestPartResult(i) << '\n';
+            if (longest < heldUp / 1us) {
+                ADD_FAILURE() << "on a machine that was not held up";
+                return;
+            }
+        }
+        GTEST_SKIP() << "the machine was held up in every attempt";
+    }
+
+    void begin() {
+        metronome.reset();
+        output.reset();
+        recorder.reset();
+        m_server.reset();
+        QString reason;
+        m_server = test::SoundServer::start(reason);
+        ASSERT_NE(m_server, nullptr) << qPrintable(reason);
         output = std::make_unique<DeviceOutput>();
         metronome = std::make_unique<Metronome>(*output, session);
         record(QStringLiteral("test"));
@@ -147,121 +193,139 @@ protected:
 };
 
 TEST_F(SoundTest, ClicksAt120LieWhereTheyAreScheduled) {
-    expectExact(120, 8s, 0);
+    listen([this] { expectExact(120, 8s, 0); });
 }
 
 TEST_F(SoundTest, ClicksAt133LieWhereTheyAreScheduled) {
-    expectExact(133, 8s, 0);
+    listen([this] { expectExact(133, 8s, 0); });
 }
 
 TEST_F(SoundTest, ClicksAt120LieThereOnABusyMachine) {
-    expectExact(120, 10s, 4);
+    listen([this] { expectExact(120, 10s, 4); });
 }
 
 TEST_F(SoundTest, ClicksAt133LieThereOnABusyMachine) {
-    expectExact(133, 10s, 4);
+    listen([this] { expectExact(133, 10s, 4); });
 }
 
 TEST_F(SoundTest, OneClickAheadIsEnoughForTheFastestRhythms) {
-    // 479 BPM keeps one click ahead; the rhythm does not change that. Then they come every 16 milliseconds.
-    metronome->setTempo(479);
-    metronome->setRhythmSelection(Rhythm::thirtySeconds);
-    ASSERT_EQ(metronome->beatsToScheduleAhead(), 1);
-    const qint64 first = startAndHear();
-    expectAsScheduled(479, Rhythm::thirtySeconds, first, 3 * 44100);
-    const qint64 wakeUps = output->wakeUps();
-    const auto clicks = static_cast<qint64>(3 * 479.0 * 8 / 60);
-    EXPECT_LT(wakeUps, 3 * clicks) << "the scheduler's queue sleeps most of the time";
+    listen([this] {
+        // 479 BPM keeps one click ahead; the rhythm does not change that. Then they come every 16 milliseconds.
+        metronome->setTempo(479);
+        metronome->setRhythmSelection(Rhythm::thirtySeconds);
+        ASSERT_EQ(metronome->beatsToScheduleAhead(), 1);
+        const qint64 first = startAndHear();
+        expectAsScheduled(479, Rhythm::thirtySeconds, first, 3 * 44100);
+        const qint64 wakeUps = output->wakeUps();
+        const auto clicks = static_cast<qint64>(3 * 479.0 * 8 / 60);
+        EXPECT_LT(wakeUps, 3 * clicks) << "the scheduler's queue sleeps most of the time";
+    });
 }
 
 TEST_F(SoundTest, EveryFirstClickIsWholeAndSoon) {
-    std::mt19937 random(3);
-    std::vector<std::chrono::nanoseconds> delays;
-    for (int i = 0; i < 8; ++i) {
-        // After pauses of any length, none included.
-        ASSERT_TRUE(recorder->waitForFrames(recorder->frameCount() + static_cast<qint64>(random() % 3) * 11025));
-        const std::chrono::nanoseconds press = SystemClock().hostTime();
-        const qint64 first = startAndHear();
-        delays.push_back(recorder->arrival(first) - press);
-        expectAsScheduled(120, Rhythm::zeroFour, first, 30000);
-        metronome->stop();
-        // What was on its way when it stopped may have come in; then all is silent.
-        const qint64 end = recorder->frameCount() + 4410;
-        const std::vector<float> after = recorded(end, 11025);
-        EXPECT_TRUE(std::ranges::all_of(after, [](float sample) { return sample == 0.0F; }));
-    }
-    std::ranges::nth_element(delays, delays.begin() + 4);
-    const std::chrono::nanoseconds median = delays[4];
-    RecordProperty("pressToClickMicroseconds", static_cast<int>(median / 1us));
-    // 25 milliseconds, and what the sink and the recorder buffer.
-    EXPECT_LT(median, 25ms + 15ms) << median / 1us << " microseconds";
+    listen(
+        [this] {
+            std::mt19937 random(3);
+            std::vector<std::chrono::nanoseconds> delays;
+            for (int i = 0; i < 8; ++i) {
+                // After pauses of any length, none included.
+                ASSERT_TRUE(
+                    recorder->waitForFrames(recorder->frameCount() + static_cast<qint64>(random() % 3) * 11025));
+                const std::chrono::nanoseconds press = SystemClock().hostTime();
+                const qint64 first = startAndHear();
+                delays.push_back(recorder->arrival(first) - press);
+                expectAsScheduled(120, Rhythm::zeroFour, first, 30000);
+                metronome->stop();
+                // What was on its way when it stopped may have come in; then all is silent.
+                const qint64 end = recorder->frameCount() + 4410;
+                const std::vector<float> after = recorded(end, 11025);
+                EXPECT_TRUE(std::ranges::all_of(after, [](float sample) { return sample == 0.0F; }));
+            }
+            std::ranges::nth_element(delays, delays.begin() + 4);
+            const std::chrono::nanoseconds median = delays[4];
+            RecordProperty("pressToClickMicroseconds", static_cast<int>(median / 1us));
+            // 25 milliseconds, and what the sink and the recorder buffer.
+            EXPECT_LT(median, 25ms + 15ms) << median / 1us << " microseconds";
+        },
+        heldUpForTimes);
 }
 
 TEST_F(SoundTest, TicksComeWithTheirClicks) {
-    const auto listener = std::make_shared<Listener>();
-    metronome->setDelegate(listener);
-    metronome->setTempo(240);
-    const qint64 first = startAndHear();
-    constexpr int count = 16;
-    ASSERT_TRUE(recorder->waitForFrames(first + count * 11025 + 11025));
-    metronome->stop();
-    const std::vector<std::chrono::nanoseconds> ticks = listener->times();
-    ASSERT_GE(ticks.size(), static_cast<std::size_t>(count));
-    std::vector<double> distances;
-    for (int i = 0; i < count; ++i) {
-        const std::chrono::nanoseconds heard = recorder->arrival(first + i * 11025);
-        distances.push_back(
-            std::chrono::duration<double, std::milli>(ticks[static_cast<std::size_t>(i)] - heard).count());
-    }
-    // A recorder that is held up itself now and then must not decide: three in four do.
-    std::vector<double> sorted = distances;
-    std::ranges::sort(sorted, {}, [](double distance) { return std::abs(distance); });
-    EXPECT_LT(std::abs(sorted[count * 3 / 4]), 15.0) << testing::PrintToString(distances);
+    listen(
+        [this] {
+            const auto listener = std::make_shared<Listener>();
+            metronome->setDelegate(listener);
+            metronome->setTempo(240);
+            const qint64 first = startAndHear();
+            constexpr int count = 16;
+            ASSERT_TRUE(recorder->waitForFrames(first + count * 11025 + 11025));
+            metronome->stop();
+            const std::vector<std::chrono::nanoseconds> ticks = listener->times();
+            ASSERT_GE(ticks.size(), static_cast<std::size_t>(count));
+            std::vector<double> distances;
+            for (int i = 0; i < count; ++i) {
+                const std::chrono::nanoseconds heard = recorder->arrival(first + i * 11025);
+                distances.push_back(
+                    std::chrono::duration<double, std::milli>(ticks[static_cast<std::size_t>(i)] - heard).count());
+            }
+            // A recorder that is held up itself now and then must not decide: three in four do.
+            std::vector<double> sorted = distances;
+            std::ranges::sort(sorted, {}, [](double distance) { return std::abs(distance); });
+            EXPECT_LT(std::abs(sorted[count * 3 / 4]), 15.0) << testing::PrintToString(distances);
+        },
+        heldUpForTimes);
 }
 
 TEST_F(SoundTest, FollowsTheDefaultDevice) {
-    startAndHear();
-    metronome->stop();
-    ASSERT_TRUE(server().control({QStringLiteral("load-module"), QStringLiteral("module-null-sink"),
-                                  QStringLiteral("sink_name=other"), QStringLiteral("rate=44100"),
-                                  QStringLiteral("channels=2"), QStringLiteral("format=float32le")}));
-    ASSERT_TRUE(server().control({QStringLiteral("set-default-sink"), QStringLiteral("other")}));
-    record(QStringLiteral("other"));
-    const qint64 first = startAndHear();
-    expectAsScheduled(120, Rhythm::zeroFour, first, 44100);
+    listen([this] {
+        startAndHear();
+        metronome->stop();
+        ASSERT_TRUE(server().control({QStringLiteral("load-module"), QStringLiteral("module-null-sink"),
+                                      QStringLiteral("sink_name=other"), QStringLiteral("rate=44100"),
+                                      QStringLiteral("channels=2"), QStringLiteral("format=float32le")}));
+        ASSERT_TRUE(server().control({QStringLiteral("set-default-sink"), QStringLiteral("other")}));
+        record(QStringLiteral("other"));
+        const qint64 first = startAndHear();
+        expectAsScheduled(120, Rhythm::zeroFour, first, 44100);
+    });
 }
 
 TEST_F(SoundTest, AServerThatDiesLeavesTheMetronomeUsable) {
-    metronome->setTempo(480); // so that it is noticed soon
-    startAndHear();
-    recorder.reset();
-    const test::LogCapture log;
-    server().end();
-    while (log.lines().isEmpty())
-        std::this_thread::yield();
-    EXPECT_EQ(log.lines().size(), 1) << qPrintable(log.lines().join(QLatin1Char('\n')));
-    metronome->stop();
-    metronome->start();
-    EXPECT_FALSE(metronome->isPlaying());
-    EXPECT_EQ(log.lines().size(), 2) << qPrintable(log.lines().join(QLatin1Char('\n')));
+    listen([this] {
+        metronome->setTempo(480); // so that it is noticed soon
+        startAndHear();
+        recorder.reset();
+        const test::LogCapture log;
+        server().end();
+        const auto noticed = std::chrono::steady_clock::now() + 60s;
+        while (log.lines().isEmpty() && std::chrono::steady_clock::now() < noticed)
+            std::this_thread::sleep_for(1ms);
+        EXPECT_EQ(log.lines().size(), 1) << qPrintable(log.lines().join(QLatin1Char('\n')));
+        metronome->stop();
+        metronome->start();
+        EXPECT_FALSE(metronome->isPlaying());
+        EXPECT_EQ(log.lines().size(), 2) << qPrintable(log.lines().join(QLatin1Char('\n')));
 
-    QString reason;
-    const auto next = test::SoundServer::start(reason);
-    ASSERT_NE(next, nullptr) << qPrintable(reason);
-    record(QStringLiteral("test"));
-    const qint64 first = startAndHear();
-    EXPECT_TRUE(metronome->isPlaying());
-    expectAsScheduled(480, Rhythm::zeroFour, first, 44100);
-    metronome->stop();
+        QString reason;
+        const auto next = test::SoundServer::start(reason);
+        ASSERT_NE(next, nullptr) << qPrintable(reason);
+        record(QStringLiteral("test"));
+        const qint64 first = startAndHear();
+        EXPECT_TRUE(metronome->isPlaying());
+        expectAsScheduled(480, Rhythm::zeroFour, first, 44100);
+        metronome->stop();
+    });
 }
 
 TEST_F(SoundTest, TheAlertIsHeard) {
-    metronome->playAlert();
-    const qint64 first = recorder->waitForSound(4410);
-    ASSERT_GE(first, 0);
-    const std::vector<float> alert = recorded(first, 8820);
-    EXPECT_GT(std::ranges::max(alert), 0.5F);
-    EXPECT_EQ(onsets(alert).size(), 1U);
+    listen([this] {
+        metronome->playAlert();
+        const qint64 first = recorder->waitForSound(4410);
+        ASSERT_GE(first, 0);
+        const std::vector<float> alert = recorded(first, 8820);
+        EXPECT_GT(std::ranges::max(alert), 0.5F);
+        EXPECT_EQ(onsets(alert).size(), 1U);
+    });
 }
 
 } // namespace
