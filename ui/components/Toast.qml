@@ -34,6 +34,8 @@ Item {
         anchors.left: parent.left
         anchors.leftMargin: Theme.mediumSpacing
         anchors.verticalCenter: parent.verticalCenter
+        visible: Theme.textScale < 1.5
+        width: visible ? size : 0
         name: "checkmark"
         color: Theme.accent
     }
@@ -42,11 +44,13 @@ Item {
         id: words
 
         anchors.left: symbol.right
-        anchors.leftMargin: Theme.spacing
+        anchors.leftMargin: symbol.visible ? Theme.spacing : 0
         anchors.right: action.visible ? action.left : parent.right
         anchors.rightMargin: Theme.mediumSpacing
         anchors.verticalCenter: parent.verticalCenter
         wrapMode: Text.Wrap
+        // The message of a long name is not to cover the screen.
+        maximumLineCount: 2
         text: toast.notice !== null ? toast.notice.text : ""
         Accessible.ignored: true
     }
