@@ -4,6 +4,7 @@
 #include "model/EventCutoff.h"
 #include "platform/Checked.h"
 #include "platform/Log.h"
+#include "platform/TimeUnits.h"
 #include "reports/Formats.h"
 
 #include <utility>
@@ -94,7 +95,6 @@ void PracticeListViewModel::refresh() {
 }
 
 std::optional<Date> PracticeListViewModel::cutoff() const {
-    constexpr int monthsInYear = 12;
     const Date now = m_platform.clock.now();
     switch (m_sortOrderTimeRange) {
     case TimeRange::last7Days:
@@ -102,7 +102,7 @@ std::optional<Date> PracticeListViewModel::cutoff() const {
     case TimeRange::last90Days:
         return cutoffOfLastDays(static_cast<int>(m_sortOrderTimeRange), now, m_platform.calendar);
     case TimeRange::last12Months:
-        return cutoffOfLastMonths(monthsInYear, now, m_platform.calendar);
+        return cutoffOfLastMonths(monthsPerYear, now, m_platform.calendar);
     case TimeRange::allMonths:
         break;
     }

@@ -6,6 +6,7 @@
 #include "platform/FatalError.h"
 #include "platform/Log.h"
 #include "platform/NumberText.h"
+#include "platform/TimeUnits.h"
 
 #include <algorithm>
 #include <optional>
@@ -20,7 +21,6 @@ constexpr float highFrequencyHz = 1567.98F; // G6
 constexpr float lowFrequencyHz = 1046.5F;   // C6
 constexpr double initialBPM = 120.0;
 constexpr double lookAheadSeconds = 0.25;
-constexpr double secondsPerMinute = 60.0;
 
 AudioFormat requireFormat(double sampleRate) {
     const std::optional<AudioFormat> format = AudioFormat::standard(sampleRate, channelCount);

@@ -3,6 +3,7 @@
 #include "metronome/StandardTempos.h"
 #include "platform/Checked.h"
 #include "platform/Log.h"
+#include "platform/TimeUnits.h"
 
 #include <QPointer>
 
@@ -19,7 +20,6 @@ namespace {
 constexpr qint64 tempoWithoutSettings = 120;
 constexpr qint64 longPressStep = 10;
 constexpr double longestTapPauseSeconds = 3.0;
-constexpr double secondsPerMinute = 60.0;
 // Beyond these no hand has tapped: the clock was set between two taps.
 constexpr double slowestTappedTempo = 1.0;
 constexpr double fastestTappedTempo = 1'000'000.0;

@@ -3,11 +3,10 @@
 #include "platform/Calendar.h"
 #include "platform/Checked.h"
 #include "platform/Date.h"
+#include "platform/TimeUnits.h"
 
 // The moments from which on an event lies within the last days or months.
 namespace tamsel {
-
-inline constexpr qint64 secondsPerDay = 86400;
 
 // The start of the day (days - 1) × 86,400 seconds before now: that many days with today. Zero days, deliberately,
 // begin tomorrow.

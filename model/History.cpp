@@ -8,6 +8,7 @@
 #include "model/StoredDocument.h"
 #include "platform/FatalError.h"
 #include "platform/Log.h"
+#include "platform/TimeUnits.h"
 
 #include <algorithm>
 #include <limits>
@@ -16,8 +17,6 @@
 namespace tamsel {
 
 namespace {
-
-constexpr qint64 secondsPerMinute = 60;
 
 // The events from `first` on, with the new name where they carry the old one. Those have no identifier yet.
 QList<HistoryEvent> renamed(QList<HistoryEvent> events, qsizetype first, const QString& oldName,

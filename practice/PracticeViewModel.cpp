@@ -3,6 +3,7 @@
 #include "model/StoredSettings.h"
 #include "platform/Checked.h"
 #include "platform/Log.h"
+#include "platform/TimeUnits.h"
 #include "reports/Formats.h"
 
 #include <algorithm>
@@ -14,7 +15,6 @@ namespace tamsel {
 
 namespace {
 
-constexpr qint64 secondsPerMinute = 60;
 constexpr std::array timerMinutes = {1, 2, 3, 4, 5, 10, 15, 20, 30, 45, 60};
 constexpr int alertCount = 3;
 constexpr std::chrono::milliseconds alertSpacing{110};

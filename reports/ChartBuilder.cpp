@@ -1,6 +1,7 @@
 #include "reports/ChartBuilder.h"
 
 #include "platform/Checked.h"
+#include "platform/TimeUnits.h"
 #include "reports/Formats.h"
 #include "reports/NameIndex.h"
 #include "reports/ReportData.h"
@@ -21,8 +22,6 @@ constexpr qsizetype mostBars = 1200;
 constexpr std::size_t mostColors = 7;
 constexpr double shareOfGap = 0.3;
 constexpr qint64 mostValueMarks = 4;
-constexpr qint64 secondsPerMinute = 60;
-constexpr int monthsPerYear = 12;
 
 struct ItemMinutes {
     std::size_t item;

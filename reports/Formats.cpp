@@ -4,6 +4,7 @@
 #include "platform/FatalError.h"
 #include "platform/IcuText.h"
 #include "platform/NumberText.h"
+#include "platform/TimeUnits.h"
 
 #include <unicode/gregocal.h>
 #include <unicode/measfmt.h>
@@ -21,9 +22,6 @@ namespace tamsel {
 
 namespace {
 
-constexpr qint64 secondsPerMinute = 60;
-constexpr qint64 secondsPerHour = 3600;
-constexpr qint64 minutesPerHour = 60;
 constexpr qint64 minutesPerDay = 1440;
 constexpr double millisecondsPerSecond = 1000.0;
 

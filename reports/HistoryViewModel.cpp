@@ -1,5 +1,6 @@
 #include "reports/HistoryViewModel.h"
 
+#include "platform/TimeUnits.h"
 #include "reports/ReportData.h"
 
 #include <utility>
@@ -73,7 +74,6 @@ void HistoryViewModel::openTopExercises() {
 }
 
 void HistoryViewModel::openBar(int bar) {
-    constexpr int monthsPerYear = 12;
     const History& history = m_singletons.history;
     const auto openIn = [&](const auto& buckets) {
         // The newest is first in the list and last in the chart.

@@ -2,6 +2,7 @@
 
 #include "platform/FatalError.h"
 #include "platform/Log.h"
+#include "platform/TimeUnits.h"
 #include "reports/ChartBuilder.h"
 #include "reports/Formats.h"
 
@@ -11,8 +12,6 @@
 namespace tamsel {
 
 namespace {
-
-constexpr int monthsPerYear = 12;
 
 QString withTotal(const QString& date, const QList<HistoryEvent>& events) {
     return QStringLiteral("%1: %2").arg(date, totalPracticeTimeText(events));

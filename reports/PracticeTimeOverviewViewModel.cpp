@@ -2,6 +2,7 @@
 
 #include "platform/Checked.h"
 #include "platform/FatalError.h"
+#include "platform/TimeUnits.h"
 #include "reports/ChartBuilder.h"
 #include "reports/Formats.h"
 #include "reports/ReportData.h"
@@ -38,7 +39,6 @@ QString PracticeTimeOverviewViewModel::subtitle(TimeRange timeRange) {
 }
 
 QString PracticeTimeOverviewViewModel::total(const QList<ChartData::SessionsReport>& reports) {
-    constexpr qint64 secondsPerMinute = 60;
     return fullHoursAndMinutes(checkedMultiply(totalMinutes(reports), secondsPerMinute));
 }
 

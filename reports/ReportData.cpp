@@ -3,6 +3,7 @@
 #include "model/EventCutoff.h"
 #include "platform/Checked.h"
 #include "platform/Log.h"
+#include "platform/TimeUnits.h"
 #include "reports/NameIndex.h"
 
 #include <algorithm>
@@ -42,7 +43,6 @@ QList<ChartData::SessionsReport> sessionsReports(const QList<MonthOfEvents>& mon
 
 QList<ChartData::SessionsReport> sessionsReports(const History& history, TimeRange range,
                                                  const std::optional<Exercise>& exercise, UuidSource& uuids) {
-    constexpr int monthsPerYear = 12;
     if (isInMonths(range))
         return sessionsReports(history.eventsByMonth(monthsPerYear, range == TimeRange::allMonths, exercise), uuids);
     return sessionsReports(history.eventsByDay(static_cast<int>(range), exercise), uuids);
@@ -109,7 +109,6 @@ PracticeDayCounts countsOfPracticeDays(const QList<HistoryEvent>& events, Date n
 }
 
 QList<TimeRange> rangesToOffer(const History& history, Date now, const Calendar& calendar) {
-    constexpr int monthsPerYear = 12;
     QList<TimeRange> ranges = offeredTimeRanges();
     const auto earliest = history.earliestEventDate();
     if (!earliest || !(*earliest < calendar.startOfMonth(monthsBefore(monthsPerYear, now, calendar))))

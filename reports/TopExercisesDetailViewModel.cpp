@@ -3,6 +3,7 @@
 #include "model/EventCutoff.h"
 #include "platform/FatalError.h"
 #include "platform/Log.h"
+#include "platform/TimeUnits.h"
 #include "reports/Ranking.h"
 #include "reports/ReportData.h"
 
@@ -23,7 +24,6 @@ TopExercisesDetailViewModel::TopExercisesDetailViewModel(const History& history,
     const auto ofMonths = [&](int months) {
         return ranking(history.events(), platform.uuids, cutoffOfLastMonths(months, now, platform.calendar));
     };
-    constexpr int monthsPerYear = 12;
     m_last7DaysData = ofDays(TimeRange::last7Days);
     m_last30DaysData = ofDays(TimeRange::last30Days);
     m_last90DaysData = ofDays(TimeRange::last90Days);
