@@ -1,4 +1,5 @@
 #include "app/Singletons.h"
+#include "bench/Journal.h"
 #include "bench/Life.h"
 #include "bench/Measure.h"
 #include "metronome/OfflineOutput.h"
@@ -15,18 +16,6 @@ namespace tamsel {
 namespace {
 
 using namespace bench;
-
-class StandingClock final : public Clock {
-public:
-    Date now() const override { return Date::fromUnixSeconds(1710417600); }
-    std::chrono::nanoseconds hostTime() const override { return {}; }
-};
-
-class NoQueue final : public Queue {
-public:
-    void async(Work work) override { work(); }
-    void asyncAfter(std::chrono::nanoseconds, Work) override {}
-};
 
 // Everything below the screens, on a folder.
 class Program {

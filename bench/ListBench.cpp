@@ -1,3 +1,4 @@
+#include "bench/Journal.h"
 #include "list/PracticeListViewModel.h"
 #include "platform/Log.h"
 #include "tests/support/World.h"
@@ -6,33 +7,19 @@
 
 #include <cstdio>
 
-// What the practice list's model does for a keystroke in the search, a change of order and a recorded session, with
-// 2,000 items and 100,000 events. The screen on top of it is measured by bench_list_screen.
+// What the practice list's model does for a keystroke in the search, a change of order and a recorded session, with as
+// many items and events as the arguments say. The screen on top of it is measured by bench_list_screen.
 namespace tamsel {
 
 namespace {
 
-constexpr int itemCount = 2'000;
-constexpr int eventCount = 100'000;
-
 class FullList {
 public:
-    FullList() {
+    explicit FullList(const benchmark::State& state) {
         setLogStream(std::fopen("/dev/null", "w"));
-        QList<Exercise> items;
-        for (int i = 0; i < itemCount; ++i)
-            items += {QStringLiteral("Étude op. %1 no. %2").arg(i * 7'919 % 640).arg(i),
-                      QUuid(static_cast<uint>(i), 0, 0, 0, 0, 0, 0, 0, 0, 0, 1)};
-        world.singletons->exercises.setItems(items);
-        QList<HistoryEvent> events;
-        for (int i = 0; i < eventCount; ++i)
-            events += {world.clock.now() - (eventCount - i) * 1'800.0,
-                       items.at(i * 6'007 % itemCount).name,
-                       i % 50 + 1,
-                       {},
-                       {},
-                       QUuid(static_cast<uint>(i), 0, 0, 0, 0, 0, 0, 0, 0, 0, 2)};
-        world.singletons->history.setEvents(events);
+        const auto journal = bench::Journal::make(state.range(0), state.range(1), world.clock.now());
+        world.singletons->exercises.setItems(journal.items);
+        world.singletons->history.setEvents(journal.events);
         list.emplace(*world.singletons, world.platform);
     }
 
@@ -41,13 +28,13 @@ public:
 };
 
 void making(benchmark::State& state) {
-    FullList full;
+    FullList full(state);
     for (auto _ : state)
         full.list.emplace(*full.world.singletons, full.world.platform);
 }
 
 void keystroke(benchmark::State& state) {
-    FullList full;
+    FullList full(state);
     const QStringList typed = {QStringLiteral("é"), QStringLiteral("ét"), QStringLiteral("ét 1"), QStringLiteral("1"),
                                QString()};
     qsizetype next = 0;
@@ -56,7 +43,7 @@ void keystroke(benchmark::State& state) {
 }
 
 void changeOfOrder(benchmark::State& state) {
-    FullList full;
+    FullList full(state);
     int next = 0;
     for (auto _ : state) {
         full.list->sortMenu()->choose(next++ % 2);
@@ -66,7 +53,7 @@ void changeOfOrder(benchmark::State& state) {
 }
 
 void recordedSession(benchmark::State& state) {
-    FullList full;
+    FullList full(state);
     const QList<Exercise> items = full.world.singletons->exercises.items();
     qsizetype next = 0;
     for (auto _ : state) {
@@ -83,10 +70,18 @@ void recordedSession(benchmark::State& state) {
     }
 }
 
-BENCHMARK(making)->Unit(benchmark::kMillisecond);
-BENCHMARK(keystroke)->Unit(benchmark::kMillisecond);
-BENCHMARK(changeOfOrder)->Unit(benchmark::kMillisecond);
-BENCHMARK(recordedSession)->Unit(benchmark::kMillisecond);
+// Journals of ever more events, and at last what a life of two hundred years would hold.
+void journals(benchmark::internal::Benchmark* each) {
+    each->ArgNames({"items", "events"})->Unit(benchmark::kMillisecond);
+    for (const int events : {10'000, 100'000, 1'000'000})
+        each->Args({2'000, events});
+    each->Args({13'000, 1'000'000});
+}
+
+BENCHMARK(making)->Name("list/making")->Apply(journals);
+BENCHMARK(keystroke)->Name("list/keystroke")->Apply(journals);
+BENCHMARK(changeOfOrder)->Name("list/change_of_order")->Apply(journals);
+BENCHMARK(recordedSession)->Name("list/recorded_session")->Apply(journals);
 
 } // namespace
 

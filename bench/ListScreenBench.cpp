@@ -1,3 +1,4 @@
+#include "bench/Journal.h"
 #include "platform/Log.h"
 #include "tests/ui/UiWorld.h"
 
@@ -10,15 +11,13 @@
 #include <ctime>
 #include <vector>
 
-// The practice list in a window of 390 × 844, off screen and drawn without a GPU, with 2,000 items and 100,000 events:
-// the main thread's work until the frame that shows the change, and the frames while the list scrolls. A frame of 60 in
-// a second has 16.7 milliseconds.
+// The practice list in a window of 390 × 844, off screen and drawn without a GPU, with as many items and events as
+// the arguments say: the main thread's work until the frame that shows the change, and the frames while the list
+// scrolls. A frame of 60 in a second has 16.7 milliseconds.
 namespace tamsel {
 
 namespace {
 
-constexpr int itemCount = 2'000;
-constexpr int eventCount = 100'000;
 constexpr double frameMilliseconds = 1'000.0 / 60;
 
 // Processor time of this thread, which excludes waiting for the display.
@@ -31,22 +30,11 @@ double workSeconds() {
 
 class FullScreen {
 public:
-    FullScreen() {
+    explicit FullScreen(const benchmark::State& state) {
         setLogStream(std::fopen("/dev/null", "w"));
-        QList<Exercise> items;
-        for (int i = 0; i < itemCount; ++i)
-            items += {QStringLiteral("Étude op. %1 no. %2").arg(i * 7'919 % 640).arg(i),
-                      QUuid(static_cast<uint>(i), 0, 0, 0, 0, 0, 0, 0, 0, 0, 1)};
-        QList<HistoryEvent> events;
-        for (int i = 0; i < eventCount; ++i)
-            events += {ui.world.clock.now() - (eventCount - i) * 1'800.0,
-                       items.at(i * 6'007 % itemCount).name,
-                       i % 50 + 1,
-                       {},
-                       {},
-                       QUuid(static_cast<uint>(i), 0, 0, 0, 0, 0, 0, 0, 0, 0, 2)};
-        ui.world.singletons->exercises.setItems(items);
-        ui.world.singletons->history.setEvents(events);
+        const auto journal = bench::Journal::make(state.range(0), state.range(1), ui.world.clock.now());
+        ui.world.singletons->exercises.setItems(journal.items);
+        ui.world.singletons->history.setEvents(journal.events);
         ui.open();
         QObject::connect(&ui.window(), &QQuickWindow::frameSwapped, [this] { ++m_frames; });
         view = ui.find(QStringLiteral("exercise_list"));
@@ -94,14 +82,14 @@ void measure(benchmark::State& state, FullScreen& screen, const std::function<vo
 }
 
 void keystroke(benchmark::State& state) {
-    FullScreen screen;
+    FullScreen screen(state);
     const QStringList typed = {QStringLiteral("é"),  QStringLiteral("ét"),        QStringLiteral("no. 1"),
                                QStringLiteral("99"), QStringLiteral("none such"), QString()};
     measure(state, screen, [&](int turn) { screen.ui.list().setSearchBarText(typed.at(turn % typed.size())); });
 }
 
 void changeOfOrder(benchmark::State& state) {
-    FullScreen screen;
+    FullScreen screen(state);
     measure(state, screen, [&](int turn) {
         if (turn % 3 < 2)
             screen.ui.list().sortMenu()->choose(turn % 3);
@@ -111,7 +99,7 @@ void changeOfOrder(benchmark::State& state) {
 }
 
 void recordedSession(benchmark::State& state) {
-    FullScreen screen;
+    FullScreen screen(state);
     const QList<Exercise> items = screen.ui.singletons().exercises.items();
     measure(state, screen, [&](int turn) {
         const auto session =
@@ -122,7 +110,7 @@ void recordedSession(benchmark::State& state) {
 
 // A flick: as fast as a finger makes it, through half the list and back.
 void scrolling(benchmark::State& state) {
-    FullScreen screen;
+    FullScreen screen(state);
     constexpr int pixelsPerFrame = 90;
     constexpr int framesOneWay = 600;
     const double start = screen.view->property("contentY").toDouble();
@@ -133,10 +121,16 @@ void scrolling(benchmark::State& state) {
     });
 }
 
-BENCHMARK(keystroke)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(60);
-BENCHMARK(changeOfOrder)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(60);
-BENCHMARK(recordedSession)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(40);
-BENCHMARK(scrolling)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(1'200);
+// Thirty years and two hundred.
+void journals(benchmark::internal::Benchmark* each) {
+    each->ArgNames({"items", "events"})->UseManualTime()->Unit(benchmark::kMillisecond);
+    each->Args({2'000, 150'000})->Args({13'000, 1'000'000});
+}
+
+BENCHMARK(keystroke)->Name("list_screen/keystroke")->Apply(journals)->Iterations(60);
+BENCHMARK(changeOfOrder)->Name("list_screen/change_of_order")->Apply(journals)->Iterations(60);
+BENCHMARK(recordedSession)->Name("list_screen/recorded_session")->Apply(journals)->Iterations(40);
+BENCHMARK(scrolling)->Name("list_screen/scrolling")->Apply(journals)->Iterations(1'200);
 
 } // namespace
 

@@ -96,10 +96,16 @@ void toggleABookmark(benchmark::State& state) {
         practice.model->bookmarkTapped();
 }
 
-BENCHMARK(tapACounter)->Arg(0)->Arg(100'000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(startTickAndCancelATimer)->Arg(0)->Arg(100'000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(changeTheTempo)->Arg(0)->Arg(100'000)->Unit(benchmark::kMicrosecond)->Iterations(300)->UseRealTime();
-BENCHMARK(toggleABookmark)->Arg(0)->Arg(100'000)->Unit(benchmark::kMicrosecond)->Iterations(300)->UseRealTime();
+void journals(benchmark::internal::Benchmark* each) {
+    each->ArgName("events")->Unit(benchmark::kMicrosecond);
+    for (const int events : {0, 10'000, 100'000, 1'000'000})
+        each->Arg(events);
+}
+
+BENCHMARK(tapACounter)->Name("practice/tap_a_counter")->Apply(journals);
+BENCHMARK(startTickAndCancelATimer)->Name("practice/start_tick_and_cancel_a_timer")->Apply(journals);
+BENCHMARK(changeTheTempo)->Name("practice/change_the_tempo")->Apply(journals)->Iterations(300)->UseRealTime();
+BENCHMARK(toggleABookmark)->Name("practice/toggle_a_bookmark")->Apply(journals)->Iterations(300)->UseRealTime();
 
 } // namespace
 
