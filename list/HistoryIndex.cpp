@@ -1,71 +1,121 @@
 #include "list/HistoryIndex.h"
 
-#include "platform/FatalError.h"
+#include "platform/Checked.h"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace tamsel {
+
+// Finds the item of a name while events are taken in. Nearly all events of a name share one text in memory: where it
+// lies tells the name sooner than what it says.
+class HistoryIndex::Lookup {
+public:
+    explicit Lookup(HistoryIndex& index) : m_index(index) {}
+
+    Item& operator()(const QString& name) {
+        constexpr unsigned alignmentBits = 4; // of what is allocated
+        const QChar* const text = name.constData();
+        Place& place = m_places[(reinterpret_cast<quintptr>(text) >> alignmentBits) % m_places.size()];
+        if (place.text != text || place.length != name.size())
+            place = {text, name.size(), indexOf(name)};
+        return m_index.m_items[static_cast<std::size_t>(place.item)];
+    }
+
+private:
+    struct Place {
+        const QChar* text = nullptr;
+        qsizetype length = 0;
+        qsizetype item = 0;
+    };
+
+    qsizetype indexOf(const QString& name) {
+        const auto next = static_cast<qsizetype>(m_index.m_items.size());
+        const auto found = m_index.m_names.constFind(name);
+        if (found != m_index.m_names.cend())
+            return *found;
+        m_index.m_names.insert(name, next);
+        m_index.m_items.emplace_back();
+        return next;
+    }
+
+    HistoryIndex& m_index;
+    std::array<Place, 4096> m_places;
+};
+
+void HistoryIndex::Item::add(Date date, qint64 minutes) {
+    isInOrder = isInOrder && (practices.empty() || practices.back().date <= date);
+    qint64 sum = 0;
+    isPlain = isPlain && minutes >= 0 && !__builtin_add_overflow(static_cast<qint64>(total), minutes, &sum);
+    practices.push_back({date, total});
+    total += static_cast<quint64>(minutes);
+}
+
+qint64 HistoryIndex::Item::minutesAt(std::size_t index) const {
+    const quint64 after = index + 1 < practices.size() ? practices[index + 1].earlier : total;
+    return static_cast<qint64>(after - practices[index].earlier);
+}
+
+void HistoryIndex::Item::putInOrder() {
+    std::vector<std::pair<Date, qint64>> all;
+    all.reserve(practices.size());
+    for (std::size_t i = 0; i < practices.size(); ++i)
+        all.emplace_back(practices[i].date, minutesAt(i));
+    std::ranges::stable_sort(all, {}, &std::pair<Date, qint64>::first);
+    *this = {};
+    practices.reserve(all.size());
+    for (const auto& [date, minutes] : all)
+        add(date, minutes);
+}
 
 void HistoryIndex::update() {
     const QList<HistoryEvent>& events = m_history.events();
     if (m_history.generation() != m_generation || events.size() < m_known) {
         m_generation = m_history.generation();
         m_known = 0;
+        m_names.clear();
         m_items.clear();
     }
-    // Many events of one item follow each other; `item` saves looking it up again.
-    const QString* name = nullptr;
-    Item* item = nullptr;
-    bool someAreDisordered = false;
-    for (; m_known < events.size(); ++m_known) {
+    bool allInOrder = true;
+    for (Lookup itemOf(*this); m_known < events.size(); ++m_known) {
         const HistoryEvent& event = events.at(m_known);
-        if (name == nullptr || *name != event.exerciseName) {
-            name = &event.exerciseName;
-            item = &m_items[*name];
-        }
-        std::vector<Practice>& practices = item->practices;
-        const WideMinutes earlier = practices.empty() ? 0 : practices.back().earlier + practices.back().minutes;
-        if (!practices.empty() && event.date < practices.back().date) {
-            item->isInOrder = false;
-            someAreDisordered = true;
-        }
-        practices.push_back({event.date, event.practiceTime, earlier});
+        Item& item = itemOf(event.exerciseName);
+        item.add(event.date, event.practiceTime);
+        allInOrder = allInOrder && item.isInOrder;
     }
-    if (!someAreDisordered)
+    if (allInOrder)
         return;
-    for (Item& each : m_items) {
-        if (!each.isInOrder)
-            putInOrder(each);
+    for (Item& item : m_items) {
+        if (!item.isInOrder)
+            item.putInOrder();
     }
 }
 
-void HistoryIndex::putInOrder(Item& item) {
-    std::ranges::stable_sort(item.practices, {}, &Practice::date);
-    WideMinutes earlier = 0;
-    for (Practice& practice : item.practices) {
-        practice.earlier = earlier;
-        earlier += practice.minutes;
-    }
-    item.isInOrder = true;
+const HistoryIndex::Item* HistoryIndex::find(const QString& name) const {
+    const auto found = m_names.constFind(name);
+    return found == m_names.cend() ? nullptr : &m_items[static_cast<std::size_t>(*found)];
 }
 
 std::optional<Date> HistoryIndex::lastPracticedDate(const QString& name) const {
-    const auto item = m_items.constFind(name);
-    return item == m_items.cend() ? std::nullopt : std::optional(item->practices.back().date);
+    const Item* const item = find(name);
+    return item == nullptr ? std::nullopt : std::optional(item->practices.back().date);
 }
 
 qint64 HistoryIndex::practiceTime(const QString& name, std::optional<Date> since) const {
-    const auto item = m_items.constFind(name);
-    if (item == m_items.cend())
+    const Item* const item = find(name);
+    if (item == nullptr)
         return 0;
     const std::vector<Practice>& practices = item->practices;
     const auto first = since ? std::ranges::lower_bound(practices, *since, {}, &Practice::date) : practices.cbegin();
     if (first == practices.cend())
         return 0;
-    const WideMinutes minutes = practices.back().earlier + practices.back().minutes - first->earlier;
-    if (minutes != static_cast<qint64>(minutes))
-        trap();
-    return static_cast<qint64>(minutes);
+    if (item->isPlain)
+        return static_cast<qint64>(item->total - first->earlier);
+    qint64 minutes = 0;
+    for (auto i = static_cast<std::size_t>(first - practices.cbegin()); i < practices.size(); ++i)
+        minutes = checkedAdd(minutes, item->minutesAt(i));
+    return minutes;
 }
 
 } // namespace tamsel

@@ -27,25 +27,29 @@ public:
     qint64 practiceTime(const QString& name, std::optional<Date> since) const;
 
 private:
-    // Sums of minutes, none of which is too large for it.
-    __extension__ typedef __int128 WideMinutes;
-
     struct Practice {
         Date date;
-        qint64 minutes;
-        WideMinutes earlier; // the minutes of all practices before it
+        quint64 earlier; // the minutes of all practices before it, as they come out in 64 bits
     };
     struct Item {
         std::vector<Practice> practices; // by date; never empty
+        quint64 total = 0;               // the minutes of all of them, likewise
         bool isInOrder = true;
-    };
+        bool isPlain = true; // no minutes are below zero, and all together are a number
 
-    static void putInOrder(Item& item);
+        void add(Date date, qint64 minutes);
+        qint64 minutesAt(std::size_t index) const;
+        void putInOrder();
+    };
+    class Lookup;
+
+    const Item* find(const QString& name) const;
 
     const History& m_history;
     quint64 m_generation = 0;
-    qsizetype m_known = 0; // events taken in so far
-    QHash<QString, Item> m_items;
+    qsizetype m_known = 0;             // events taken in so far
+    QHash<QString, qsizetype> m_names; // where in m_items
+    std::vector<Item> m_items;
 };
 
 } // namespace tamsel
