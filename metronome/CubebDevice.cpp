@@ -3,6 +3,7 @@
 #include "metronome/RealtimeThread.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace tamsel {
 
@@ -32,6 +33,11 @@ void CubebDevice::StreamEnd::operator()(cubeb_stream* stream) const {
 }
 
 void CubebDevice::connect() {
+    reach();
+    rest();
+}
+
+void CubebDevice::reach() {
     if (m_context != nullptr)
         return;
     cubeb* context = nullptr;
@@ -39,15 +45,20 @@ void CubebDevice::connect() {
         m_context.reset(context);
 }
 
+void CubebDevice::rest() {
+    if (m_context != nullptr && std::string_view(cubeb_get_backend_id(m_context.get())) == "alsa")
+        m_context.reset();
+}
+
 std::optional<QString> CubebDevice::open(ClickMixer& mixer) {
-    close();
-    connect();
+    m_stream.reset();
+    reach();
     int result = openStream(mixer);
     if (result != CUBEB_OK) {
         // The sound server that the context knew may have gone, and another may have come.
         m_context.reset();
         m_hurriedThread = {};
-        connect();
+        reach();
         result = openStream(mixer);
     }
     if (result == CUBEB_OK)
@@ -82,6 +93,7 @@ std::optional<QString> CubebDevice::start() {
 
 void CubebDevice::close() {
     m_stream.reset();
+    rest();
 }
 
 std::optional<qint64> CubebDevice::position() {

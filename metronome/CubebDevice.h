@@ -38,6 +38,10 @@ private:
     static long render(cubeb_stream* stream, void* device, const void* input, void* output, long frames);
     static void noteState(cubeb_stream* stream, void* device, cubeb_state state);
 
+    // Makes sure that there is a context, where the system has any sound.
+    void reach();
+    // Lets go of a context that would wake up every second although nothing plays, as that without a sound server does.
+    void rest();
     // cubeb's code for what went wrong.
     int openStream(ClickMixer& mixer);
 
