@@ -30,7 +30,7 @@ int main(int argc, char* argv[]) {
         return 1;
     }
     DailyLog dailyLog(*opened.store, clock, calendar);
-    History history(dailyLog, *opened.store, mainQueue, uuids);
+    History history(dailyLog, *opened.store, clock, calendar, mainQueue, uuids);
     const Exercise exercise{arguments.at(2), uuids.next()};
     const auto session =
         PracticeSession::make(clock.now(), exercise, arguments.at(3).toLongLong(), SessionType::stopwatch);
