@@ -11,18 +11,8 @@ Item {
     required property PracticeViewModel practice
 
     // Side by side unless the text is so large that the clocks would not be readable.
-    readonly property bool stacked: Theme.textScale > 1.35
+    readonly property bool stacked: Theme.tilesStacked
     readonly property int cardWidth: stacked ? width : Math.floor((width - clocks.spacing) / 2)
-    // A tile that would stand alone in its row has the whole of it.
-    readonly property int counterWidth: practice.hasThumbsUp && practice.hasThumbsDown ? cardWidth : width
-    readonly property int tileCount: (practice.hasRhythms ? 1 : 0) + (practice.hasTapTempo ? 1 : 0)
-                                     + (practice.hasTempoBookmarks ? 1 : 0) + (practice.hasQuickNotes ? 1 : 0)
-    readonly property Item lastTile: practice.hasQuickNotes ? quickNote : practice.hasTempoBookmarks ? bookmarks
-                                                                        : practice.hasTapTempo ? tap : rhythms
-
-    function widthOf(tile: Item): int {
-        return tileCount % 2 === 1 && tile === lastTile ? width : cardWidth;
-    }
 
     implicitHeight: page.height
 
@@ -76,108 +66,22 @@ Item {
             }
         }
 
-        Flow {
+        // Few items have all tools, many have none: what is not used is not made.
+        OnDemand {
             width: parent.width
-            spacing: Theme.mediumSpacing
-            visible: tools.practice.hasThumbsUp || tools.practice.hasThumbsDown
-
-            CounterTile {
-                objectName: "thumbs_up_counter"
-                width: tools.counterWidth
-                visible: tools.practice.hasThumbsUp
-                text: tools.practice.thumbsUpLabel
-                iconName: "hand.thumbsup"
-                ink: Theme.thumbsUp
-                countText: tools.practice.thumbsUpText
-                hint: "Hold to clear"
-                hintName: "Clear thumbs up counter"
-                hintIdentifier: "clear_thumbs_up_counter"
-                onClicked: tools.practice.thumbsUpTapped()
-                onLongPressed: tools.practice.thumbsUpLongPressed()
-            }
-
-            CounterTile {
-                objectName: "thumbs_down_counter"
-                width: tools.counterWidth
-                visible: tools.practice.hasThumbsDown
-                text: tools.practice.thumbsDownLabel
-                iconName: "hand.thumbsdown"
-                ink: Theme.thumbsDown
-                countText: tools.practice.thumbsDownText
-                hint: "Hold to clear"
-                hintName: "Clear thumbs down counter"
-                hintIdentifier: "clear_thumbs_down_counter"
-                onClicked: tools.practice.thumbsDownTapped()
-                onLongPressed: tools.practice.thumbsDownLongPressed()
-            }
+            visible: wanted
+            wanted: tools.practice.hasThumbsUp || tools.practice.hasThumbsDown
+            file: Qt.resolvedUrl("CounterTiles.qml")
+            given: ({"practice": tools.practice})
         }
 
-        Flow {
+        OnDemand {
             width: parent.width
-            spacing: Theme.mediumSpacing
-            visible: tools.tileCount > 0
-
-            ToolTile {
-                id: rhythms
-
-                objectName: "beat_patterns_button"
-                width: tools.widthOf(rhythms)
-                visible: tools.practice.hasRhythms
-                text: "beat patterns"
-                iconName: "music.quarternote.3"
-                caption: "Rhythm"
-                detail: tools.practice.rhythmText
-                Accessible.description: tools.practice.rhythmText
-                onClicked: rhythmsSheet.shown = true
-            }
-
-            ToolTile {
-                id: tap
-
-                objectName: "tap_tempo_button"
-                width: tools.widthOf(tap)
-                visible: tools.practice.hasTapTempo
-                text: "Tap Tempo"
-                iconName: "hand.tap"
-                caption: "Tap Tempo"
-                detail: "Tap the beat"
-                onStruck: tools.practice.tapTempoTapped()
-            }
-
-            ToolTile {
-                id: bookmarks
-
-                objectName: "tempo_bookmarks_button"
-                width: tools.widthOf(bookmarks)
-                visible: tools.practice.hasTempoBookmarks
-                text: tools.practice.bookmarkLabel
-                iconName: tools.practice.tempoIsBookmarked ? "bookmark.fill" : "bookmark"
-                ink: tools.practice.tempoIsBookmarked ? Theme.accent : Theme.text
-                caption: "Bookmark"
-                hint: "Hold for list"
-                hintName: "Show tempo bookmarks"
-                hintIdentifier: "show_tempo_bookmarks"
-                hasLongPress: true
-                onClicked: tools.practice.bookmarkTapped()
-                onLongPressed: bookmarksSheet.shown = tools.practice.bookmarksLongPressed()
-            }
-
-            ToolTile {
-                id: quickNote
-
-                objectName: "quick_note_button"
-                width: tools.widthOf(quickNote)
-                visible: tools.practice.hasQuickNotes
-                text: "Add note"
-                iconName: "text.badge.plus"
-                caption: "Note"
-                hint: "Hold for list"
-                hintName: "Show quick snippets"
-                hintIdentifier: "show_quick_snippets"
-                hasLongPress: true
-                onClicked: tools.practice.quickNoteTapped()
-                onLongPressed: snippetsSheet.shown = true
-            }
+            visible: wanted
+            wanted: tools.practice.hasRhythms || tools.practice.hasTapTempo || tools.practice.hasTempoBookmarks
+                    || tools.practice.hasQuickNotes
+            file: Qt.resolvedUrl("ToolTiles.qml")
+            given: ({"practice": tools.practice})
         }
 
         Flow {
@@ -245,27 +149,6 @@ Item {
 
         file: Qt.resolvedUrl("StopwatchSheet.qml")
         given: ({"practice": tools.practice, "opener": stopwatchSheet})
-    }
-
-    OnDemand {
-        id: rhythmsSheet
-
-        file: Qt.resolvedUrl("RhythmsSheet.qml")
-        given: ({"practice": tools.practice, "opener": rhythmsSheet})
-    }
-
-    OnDemand {
-        id: bookmarksSheet
-
-        file: Qt.resolvedUrl("BookmarksSheet.qml")
-        given: ({"practice": tools.practice, "opener": bookmarksSheet})
-    }
-
-    OnDemand {
-        id: snippetsSheet
-
-        file: Qt.resolvedUrl("SnippetsSheet.qml")
-        given: ({"practice": tools.practice, "opener": snippetsSheet})
     }
 
     OnDemand {

@@ -39,6 +39,9 @@ QtObject {
     readonly property color shadow: dark ? "#73000000" : "#8c9eacc4"
     readonly property color light: dark ? "#0effffff" : "#f2ffffff"
 
+    // With text so large, what otherwise stands side by side would not be readable.
+    readonly property bool tilesStacked: textScale > 1.35
+
     // Of items in charts, in the order of ItemColors, and what the least practised share. 3 : 1 on the ground.
     readonly property var chartColors: dark
         ? ["#98a2ff", "#f0a06a", "#6fcf97", "#e58fc8", "#5cc4d2", "#ef8b80",
