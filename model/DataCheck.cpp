@@ -139,7 +139,7 @@ Problem problemInNotes(const DataDump& dump) {
 } // namespace
 
 json::Result<DataDump> checkDataDump(QByteArray document) {
-    auto dump = json::decode<DataDump>(std::move(document));
+    auto dump = decodeDataDump(std::move(document));
     if (!dump)
         return dump;
     for (const Problem& problem :

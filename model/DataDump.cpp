@@ -2,6 +2,7 @@
 
 #include "model/DataFile.h"
 #include "model/JsonCoding.h"
+#include "model/JsonFault.h"
 
 namespace tamsel {
 
@@ -19,6 +20,21 @@ struct json::Fields<DataDump> {
 template bool json::append(QByteArray&, const DataDump&);
 template std::optional<QByteArray> json::encode(const DataDump&);
 template json::Result<DataDump> json::decode(QByteArray, QStringView);
+
+json::Result<DataDump> decodeDataDump(QByteArray document) {
+    json::Reader reader;
+    DataDump dump;
+    if (reader.readDocument(std::move(document), dump))
+        return dump;
+    QString message = reader.error({});
+    const QByteArrayView text = reader.document();
+    const auto faulty = json::firstFaultyByte(text);
+    if (faulty && *faulty < text.size())
+        message += QStringLiteral(", at byte %1").arg(*faulty + 1);
+    else if (faulty && !text.trimmed().isEmpty())
+        message += QStringLiteral(", at its end");
+    return json::Error{message};
+}
 
 std::optional<DataDump> readDataDump(const QString& path) {
     auto bytes = datafile::read(path);

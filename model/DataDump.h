@@ -3,6 +3,7 @@
 #include "model/Exercise.h"
 #include "model/ExerciseSettings.h"
 #include "model/HistoryEvent.h"
+#include "model/Json.h"
 #include "model/Note.h"
 
 #include <QByteArray>
@@ -32,6 +33,9 @@ struct DataDump {
 
 // json::encode and json::decode (Json.h) write and read the document: an object with the five fields as keys, in their
 // order, all of them required. A dictionary is an array in which items and values alternate.
+
+// As json::decode does. The error tells the byte as well, counted from 1, where the text is no JSON.
+json::Result<DataDump> decodeDataDump(QByteArray document);
 
 // The document in a file; nothing when the file cannot be read or does not hold one.
 std::optional<DataDump> readDataDump(const QString& path);

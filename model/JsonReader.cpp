@@ -1,5 +1,7 @@
 #include "model/JsonReader.h"
 
+#include "model/JsonFault.h"
+
 #include <QtEndian>
 
 #include <cstring>
@@ -7,9 +9,6 @@
 namespace tamsel::json {
 
 namespace {
-
-// Brackets within brackets. Far beyond every record, far below what the stack holds.
-constexpr int deepestNesting = 100;
 
 // Reading takes about six times a document's size in memory. A journal of a century stays below a tenth of this.
 constexpr qsizetype largestDocument = qsizetype(1) << 30;
@@ -78,11 +77,11 @@ bool Reader::startWhole(QByteArray&& document) {
     // Below this the memory does not matter.
     constexpr qsizetype smallDocument = 64 * 1024;
 
-    if (document.size() > largestDocument)
-        return fail("document too large");
-    if (document.size() > smallDocument && nestsTooDeeply(document))
-        return fail("nested too deeply");
     m_whole = std::move(document);
+    if (m_whole.size() > largestDocument)
+        return fail("document too large");
+    if (m_whole.size() > smallDocument && nestsTooDeeply(m_whole))
+        return fail("nested too deeply");
     m_whole.reserve(m_whole.size() + padding);
     return start({m_whole.constData(), static_cast<std::size_t>(m_whole.size())});
 }

@@ -65,6 +65,8 @@ public:
     bool read(Value& source, QList<T>& target);
 
     QString error(QStringView place) const;
+    // What readDocument() was given, unless that was a list.
+    QByteArrayView document() const { return m_whole; }
 
 private:
     struct Fault {
