@@ -2,6 +2,7 @@
 #include "model/DataCheck.h"
 #include "model/DataSummary.h"
 #include "model/Json.h"
+#include "model/JsonFault.h"
 #include "platform/FatalError.h"
 
 #include <cstddef>
@@ -22,6 +23,7 @@ void require(bool holds) {
 template <class T>
 void readAndWrite(const QByteArray& document) {
     const auto value = json::decode<T>(document, u"place");
+    require(!value || !json::firstFaultyByte(document));
     if (!value) {
         require(!value.error().message.isEmpty() && !value.error().message.contains(QLatin1Char('\n')));
         return;
