@@ -10,7 +10,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 
@@ -25,9 +24,13 @@ bool writeAll(int descriptor, const QByteArray& bytes, const Calls& calls) {
     for (qsizetype done = 0; done < bytes.size();) {
         const ssize_t written =
             calls.write(descriptor, bytes.constData() + done, static_cast<std::size_t>(bytes.size() - done));
-        if (written <= 0 && errno != EINTR)
+        if (written == 0)
+            errno = ENOSPC;
+        else if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
             return false;
-        done += std::max<ssize_t>(written, 0);
+        done += written;
     }
     return true;
 }
@@ -78,6 +81,10 @@ json::Result<QByteArray> read(const QString& path) {
 
 std::optional<QString> write(const QString& path, const QByteArray& bytes, const Calls& calls) {
     const QByteArray target = QFile::encodeName(path);
+    struct stat present {};
+    // A device or a pipe is not to make room for a file.
+    if (::stat(target.constData(), &present) == 0 && !S_ISREG(present.st_mode))
+        return S_ISDIR(present.st_mode) ? qt_error_string(EISDIR) : QStringLiteral("it is not a plain file");
     QByteArray part = target + ".XXXXXX";
     const int descriptor = ::mkostemp(part.data(), O_CLOEXEC);
     if (descriptor < 0)

@@ -30,7 +30,8 @@ struct Calls {
 };
 
 // Makes the file, or replaces it: at any moment, and after any failure, there is the old file or the whole new one,
-// which is on the disk when the call returns. Readable by its owner only. On failure one line that says why.
+// which is on the disk when the call returns. Readable by its owner only. What is there and no plain file stays. On
+// failure one line that says why.
 std::optional<QString> write(const QString& path, const QByteArray& bytes, const Calls& calls = Calls::system());
 
 } // namespace tamsel::datafile

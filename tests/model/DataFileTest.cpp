@@ -72,6 +72,10 @@ TEST_F(DataFileTest, WhatIsNoPlainFileIsNamedAndNotWaitedFor) {
 TEST_F(DataFileTest, AFolderThatCannotTakeTheFileIsTold) {
     EXPECT_EQ(datafile::write(QStringLiteral("/proc/a.tamsel"), "x"), qt_error_string(ENOENT));
     EXPECT_EQ(datafile::write(folder.filePath(QStringLiteral("none/a.tamsel")), "x"), qt_error_string(ENOENT));
+    const QString pipe = folder.filePath(QStringLiteral("pipe"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_EQ(datafile::write(pipe, "x"), QStringLiteral("it is not a plain file"));
+    EXPECT_EQ(datafile::read(pipe).error().message, QStringLiteral("it is not a plain file")) << "it is still there";
     ASSERT_TRUE(QDir().mkpath(path));
     EXPECT_NE(datafile::write(path, "x"), std::nullopt) << "a folder of the name is in the way";
 }
