@@ -61,7 +61,7 @@ UserData::Values presentValues() {
         return {};
     SettingsFile file;
     UserData::Values values;
-    if (!file.open(settingsFile()) || !file.readAll(values))
+    if (!file.open(settingsFile(), SettingsFile::OnClose::leaveLog) || !file.readAll(values))
         throw Refusal{exitRefused, QStringLiteral("cannot read %1: %2").arg(settingsFile(), file.error())};
     return values;
 }

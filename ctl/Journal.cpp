@@ -24,7 +24,7 @@ Journal::Opened Journal::open(const QString& path) {
     QMap<QString, SettingsValue> values;
     if (QFileInfo::exists(path)) {
         SettingsFile file;
-        if (!file.open(path) || !file.readAll(values))
+        if (!file.open(path, SettingsFile::OnClose::leaveLog) || !file.readAll(values))
             return {nullptr, QStringLiteral("cannot read %1: %2").arg(path, file.error())};
     }
     for (auto value = values.cbegin(); value != values.cend(); ++value)

@@ -30,12 +30,12 @@ bool move(const QString& from, const QString& to) {
 }
 
 // Keeps what the file holds under another name as well.
-std::optional<QString> keepAs(const QString& path, const QString& name) {
+std::optional<QString> keepAs(const QString& path, const QString& name, const datafile::Calls& calls) {
     if (!QFile::exists(path) || ::link(QFile::encodeName(path).constData(), QFile::encodeName(name).constData()) == 0)
         return std::nullopt;
     // Not every file system can do that.
     const auto bytes = datafile::read(path);
-    return bytes ? datafile::write(name, *bytes) : std::optional(bytes.error().message);
+    return bytes ? datafile::write(name, *bytes, calls) : std::optional(bytes.error().message);
 }
 
 // A name beside the settings file that nothing has.
@@ -57,14 +57,16 @@ std::optional<QString> problemIn(const QString& settingsFile) {
         return std::nullopt;
     SettingsFile file;
     UserData::Values values;
-    if (!file.open(settingsFile) || !file.isSound() || !file.readAll(values))
+    // Until all is known to be well, nothing moves from the log into the file.
+    if (!file.open(settingsFile, SettingsFile::OnClose::leaveLog) || !file.isSound() || !file.readAll(values))
         return line(settingsFile, file.error());
     const MemorySettingsStore store(values);
     const auto history = readDocument<QList<HistoryEvent>>(store, keys::historyEvents);
     return history.isUnreadable() ? std::optional(line(settingsFile, history.problem)) : std::nullopt;
 }
 
-std::optional<QString> restore(const QString& backup, const QString& settingsFile, const QDateTime& now) {
+std::optional<QString> restore(const QString& backup, const QString& settingsFile, const QDateTime& now,
+                               const datafile::Calls& calls) {
     if (const auto copy = backups::read(backup); !copy)
         return copy.error().message;
     const auto bytes = datafile::read(backup);
@@ -75,18 +77,29 @@ std::optional<QString> restore(const QString& backup, const QString& settingsFil
     const QString damagedLog = damaged + QStringLiteral("-wal");
     // Its second name, so that at no moment there is no file under the first: a program that is started then would
     // begin with empty data.
-    if (auto reason = keepAs(settingsFile, damaged))
+    if (auto reason = keepAs(settingsFile, damaged, calls))
         return reason;
-    // The log must not be taken for that of the file that comes.
-    if (!move(log, damagedLog))
-        return qt_error_string(errno);
-    QFile::remove(settingsFile + QStringLiteral("-shm"));
-    if (auto reason = datafile::write(settingsFile, *bytes)) {
+    bool isReplaced = false;
+    datafile::Calls replacing = calls;
+    replacing.rename = [&](const char* from, const char* to) {
+        // The log must not be taken for that of the file that comes. It goes when that is whole on the disk and has
+        // only to take its name: nothing that can still fail for lack of room lies in between.
+        if (!move(log, damagedLog))
+            return -1;
+        QFile::remove(settingsFile + QStringLiteral("-shm"));
+        if (calls.rename(from, to) == 0) {
+            isReplaced = true;
+            return 0;
+        }
+        const int error = errno;
         (void)move(damagedLog, log);
+        errno = error;
+        return -1;
+    };
+    auto reason = datafile::write(settingsFile, *bytes, replacing);
+    if (!isReplaced)
         QFile::remove(damaged);
-        return reason;
-    }
-    return std::nullopt;
+    return reason;
 }
 
 UseMark::UseMark(const QString& folder) : m_path(folder + QStringLiteral("/in-use")), m_wasLeft(QFile::exists(m_path)) {

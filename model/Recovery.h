@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/DataFile.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -14,7 +16,8 @@ std::optional<QString> problemIn(const QString& settingsFile);
 
 // Puts a copy of the backup into the settings file's place. What lay there stays beside it, its name extended by
 // "-damaged-" and the moment. On failure one line that says why.
-std::optional<QString> restore(const QString& backup, const QString& settingsFile, const QDateTime& now);
+std::optional<QString> restore(const QString& backup, const QString& settingsFile, const QDateTime& now,
+                               const datafile::Calls& calls = datafile::Calls::system());
 
 // Marks that a program uses the data of a folder. The mark of one that was killed, or that stopped, is left behind, and
 // tells the next start to look through everything.

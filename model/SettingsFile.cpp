@@ -81,9 +81,11 @@ struct SettingsFile::Entry {
 SettingsFile::SettingsFile() = default;
 SettingsFile::~SettingsFile() = default;
 
-bool SettingsFile::open(const QString& path) {
+bool SettingsFile::open(const QString& path, OnClose onClose) {
     if (!openSettingsDatabase(m_database, path))
         return false;
+    if (onClose == OnClose::moveLog)
+        m_database.checkpointOnClose();
     m_statements = std::make_unique<Statements>(m_database);
     return m_statements->arePrepared();
 }

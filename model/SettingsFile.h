@@ -17,8 +17,11 @@ public:
     SettingsFile();
     ~SettingsFile();
 
+    // What becomes of the write-ahead log: its changes move over to the file, or wait for whoever opens that next.
+    enum class OnClose { moveLog, leaveLog };
+
     // Makes the file where there is none; its folder must exist. To be called once, before everything else.
-    [[nodiscard]] bool open(const QString& path);
+    [[nodiscard]] bool open(const QString& path, OnClose onClose = OnClose::moveLog);
     // Instead of it: for reading a copy that nobody is changing. Looks through the whole file, which stays untouched.
     [[nodiscard]] bool openCopy(const QString& path);
 

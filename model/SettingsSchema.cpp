@@ -117,10 +117,7 @@ bool openSettingsDatabase(SqliteDatabase& database, const QString& path) {
         return false;
     if (database.isReadOnly())
         return database.fail(QStringLiteral("it is read-only"));
-    if (!useLog(database) || (fresh && !create(database, path)) || !isWhole(database, path))
-        return false;
-    database.checkpointOnClose();
-    return true;
+    return useLog(database) && (!fresh || create(database, path)) && isWhole(database, path);
 }
 
 bool isSound(SqliteDatabase& database) {

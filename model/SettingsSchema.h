@@ -25,7 +25,8 @@ constexpr qint64 chunkRow(qint64 entry, qint64 number) {
 } // namespace schema
 
 // Opens the settings file, or makes it where there is none; its folder must exist. A file that is another program's, of
-// a newer format, or damaged is left as it is. False on failure; `database.error()` then tells why.
+// a newer format, or damaged is left as it is. Closing leaves its log as it is. False on failure; `database.error()`
+// then tells why.
 [[nodiscard]] bool openSettingsDatabase(SqliteDatabase& database, const QString& path);
 
 // Whether every page is in order; says why not.

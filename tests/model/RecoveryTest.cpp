@@ -163,6 +163,24 @@ TEST_F(RecoveryTest, AHistoryThatDoesNotDecodeIsFoundWithTheNextStart) {
     EXPECT_TRUE(start().wentWell());
 }
 
+TEST_F(RecoveryTest, LookingThroughAFileMovesNothingFromItsLog) {
+    {
+        const auto opened = SqliteSettingsStore::open(folder.path());
+        opened.store->setData(keys::historyEvents, "[{\"date\":1}]");
+        // As a kill leaves it: with a log.
+        ASSERT_TRUE(QFile::copy(path, folder.filePath(QStringLiteral("file"))));
+        ASSERT_TRUE(QFile::copy(path + QStringLiteral("-wal"), folder.filePath(QStringLiteral("log"))));
+    }
+    const QByteArray log = contents(folder.filePath(QStringLiteral("log")));
+    put(contents(folder.filePath(QStringLiteral("file"))));
+    ASSERT_EQ(datafile::write(path + QStringLiteral("-wal"), log), std::nullopt);
+    const QByteArray file = contents(path);
+    EXPECT_EQ(recovery::problemIn(path),
+              QStringLiteral("Unable to use %1: history.events[0].exerciseName: missing").arg(path));
+    EXPECT_EQ(contents(path), file);
+    EXPECT_EQ(contents(path + QStringLiteral("-wal")), log);
+}
+
 TEST_F(RecoveryTest, ABackupThatCannotBeUsedOrPlacedLeavesTheDamagedFileInItsPlace) {
     put("damaged");
     const QString log = path + QStringLiteral("-wal");
