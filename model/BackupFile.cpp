@@ -8,9 +8,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QSet>
 
 #include <algorithm>
+#include <cmath>
 #include <tuple>
 
 namespace tamsel::backups {
@@ -48,9 +50,29 @@ void removeDatabase(const QString& path) {
         QFile::remove(path + QLatin1String(suffix));
 }
 
+bool isSame(const SettingsValue& a, const SettingsValue& b) {
+    const auto* const x = std::get_if<double>(&a.value);
+    const auto* const y = std::get_if<double>(&b.value);
+    if (x != nullptr && y != nullptr && std::isnan(*x))
+        return std::isnan(*y);
+    const auto* const one = std::get_if<SettingsValue::Array>(&a.value);
+    const auto* const other = std::get_if<SettingsValue::Array>(&b.value);
+    if (one != nullptr && other != nullptr)
+        return std::ranges::equal(*one, *other, isSame);
+    return a == b;
+}
+
+// Equal, where a double that is no number equals its like.
+bool areSame(const UserData::Values& a, const UserData::Values& b) {
+    return a.size() == b.size() &&
+           std::equal(a.keyValueBegin(), a.keyValueEnd(), b.keyValueBegin(),
+                      [](const auto& x, const auto& y) { return x.first == y.first && isSame(x.second, y.second); });
+}
+
 // The bytes of a settings file that holds these values.
 json::Result<QByteArray> fileOf(const UserData::Values& values, const QString& scratch) {
     removeDatabase(scratch);
+    const auto guard = qScopeGuard([&scratch] { removeDatabase(scratch); });
     {
         SettingsFile file;
         PendingChanges changes;
@@ -61,9 +83,7 @@ json::Result<QByteArray> fileOf(const UserData::Values& values, const QString& s
             return json::Error{error};
         }
     }
-    auto bytes = datafile::read(scratch);
-    removeDatabase(scratch);
-    return bytes;
+    return datafile::read(scratch);
 }
 
 } // namespace
@@ -80,8 +100,8 @@ std::optional<QString> chosenFolder(const QString& dataFolder) {
 std::optional<QString> chooseFolder(const QString& dataFolder, const std::optional<QString>& folder) {
     if (folder)
         return datafile::write(choiceFile(dataFolder), folder->toUtf8());
-    QFile::remove(choiceFile(dataFolder));
-    return std::nullopt;
+    QFile file(choiceFile(dataFolder));
+    return !file.exists() || file.remove() ? std::nullopt : std::optional(file.errorString());
 }
 
 QString fileName(const BackupFile& backup) {
@@ -139,7 +159,9 @@ std::optional<QString> write(const UserData::Values& values, const QString& path
     if (const auto reason = datafile::write(path, *bytes, calls))
         return reason;
     const auto written = datafile::read(path);
-    if (written && *written == *bytes && read(path))
+    const auto held = read(path);
+    // The values are looked at as well: SQLite says nothing when it cannot move its log over while closing.
+    if (written && *written == *bytes && held && areSame(*held, values))
         return std::nullopt;
     QFile::remove(path);
     return QStringLiteral("it reads back differently from what was written");

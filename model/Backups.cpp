@@ -2,6 +2,7 @@
 
 #include "model/DurableFolder.h"
 #include "model/SettingsKeys.h"
+#include "model/Snapshot.h"
 #include "platform/Log.h"
 
 #include <QDateTime>
@@ -25,6 +26,36 @@ constexpr std::chrono::minutes lookInterval{30};
 bool holds(const BackupFile& backup, const UserData::Values& values) {
     const auto copied = backups::read(backup.path);
     return copied && *copied == values;
+}
+
+struct Made {
+    bool wasDue = true; // not when the day has its copy already
+    QString path;
+    std::optional<QString> failure;
+};
+
+// Makes the copy behind those that are in the folder.
+Made makeIn(const QString& folder, BackupFile backup, const QString& scratchFolder, const Snapshot& snapshot) {
+    const QList<BackupFile> present = backups::list(folder);
+    const bool isDaily = backup.kind == BackupFile::Kind::daily;
+    const auto last = std::ranges::find(present, BackupFile::Kind::daily, &BackupFile::kind);
+    if (isDaily && last != present.end() && last->day == backup.day)
+        return {false, {}, std::nullopt};
+    backup.number = present.isEmpty() ? 1 : present.first().number + 1;
+    backup.path = folder + QLatin1Char('/') + backups::fileName(backup);
+    const auto read = snapshot();
+    if (!read)
+        return {true, backup.path, read.error().message};
+    UserData::Values values = *read;
+    // What runs at the moment is no part of a past day.
+    values.remove(keys::runningPractice);
+    if (isDaily && !present.isEmpty() && holds(present.first(), values))
+        return {true, backup.path, std::nullopt};
+    if (auto failure = backups::write(values, backup.path, scratchFolder))
+        return {true, backup.path, std::move(failure)};
+    for (const BackupFile& old : backups::surplus(backups::list(folder)))
+        QFile::remove(old.path);
+    return {true, backup.path, std::nullopt};
 }
 
 } // namespace
@@ -73,13 +104,6 @@ std::optional<QString> Backups::setFolder(const std::optional<QString>& folder) 
     return std::nullopt;
 }
 
-UserData::Values Backups::snapshot() const {
-    UserData::Values values = m_userDefaults.dictionaryRepresentation();
-    // What runs at the moment is no part of a past day.
-    values.remove(keys::runningPractice);
-    return values;
-}
-
 BackupFile Backups::now(BackupFile::Kind kind) const {
     const auto milliseconds = static_cast<qint64>(m_platform.clock.now().unixSeconds() * 1000.0);
     const QDateTime local =
@@ -88,45 +112,34 @@ BackupFile Backups::now(BackupFile::Kind kind) const {
 }
 
 void Backups::makeDaily() {
-    if (folder().isEmpty())
-        return;
-    const BackupFile today = now(BackupFile::Kind::daily);
-    const QList<BackupFile> present = backups::list(folder());
-    const auto last = std::ranges::find(present, BackupFile::Kind::daily, &BackupFile::kind);
-    if (last == present.end() || last->day != today.day)
-        make(today, present, {});
+    if (!folder().isEmpty())
+        make(now(BackupFile::Kind::daily), {});
 }
 
 void Backups::makeBeforeReplacing(Completion completion) {
     if (folder().isEmpty())
         completion(std::nullopt);
     else
-        make(now(BackupFile::Kind::beforeReplacing), backups::list(folder()), std::move(completion));
+        make(now(BackupFile::Kind::beforeReplacing), std::move(completion));
 }
 
-void Backups::make(BackupFile backup, const QList<BackupFile>& present, Completion completion) {
-    backup.number = present.isEmpty() ? 1 : present.first().number + 1;
-    backup.path = folder() + QLatin1Char('/') + backups::fileName(backup);
-    const auto failure = std::make_shared<std::optional<QString>>();
-    // Beside the settings file SQLite has what it needs; a chosen folder may lie on any kind of disk.
+void Backups::make(const BackupFile& backup, Completion completion) {
+    const auto made = std::make_shared<Made>();
+    // Beside the settings file SQLite has what it needs; a chosen folder may lie on any kind of disk, even a slow one:
+    // all that is done with it is done on the queue.
     const QString scratch = m_dataFolder.isEmpty() ? folder() : m_dataFolder;
-    const auto work = [backup, present, failure, scratch, folder = folder(), values = snapshot()] {
-        const bool onlyIfChanged = backup.kind == BackupFile::Kind::daily;
-        if (onlyIfChanged && !present.isEmpty() && holds(present.first(), values))
-            return;
-        *failure = backups::write(values, backup.path, scratch);
-        if (*failure)
-            return;
-        for (const BackupFile& old : backups::surplus(backups::list(folder)))
-            QFile::remove(old.path);
+    const auto work = [backup, made, scratch, folder = folder(), snapshot = snapshotOf(m_userDefaults)] {
+        *made = makeIn(folder, backup, scratch, snapshot);
     };
-    onQueue(work, [this, path = backup.path, failure, completion = std::move(completion)] {
-        if (*failure)
-            log(QStringLiteral("Unable to make the backup %1: %2").arg(path, **failure));
-        m_failure = *failure;
+    onQueue(work, [this, made, completion = std::move(completion)] {
+        if (!made->wasDue)
+            return;
+        if (made->failure)
+            log(QStringLiteral("Unable to make the backup %1: %2").arg(made->path, *made->failure));
+        m_failure = made->failure;
         m_changed.notify();
         if (completion)
-            completion(*failure);
+            completion(made->failure);
     });
 }
 

@@ -50,9 +50,7 @@ public:
 
 private:
     void look();
-    // Behind those that are there.
-    void make(BackupFile backup, const QList<BackupFile>& present, Completion completion);
-    UserData::Values snapshot() const;
+    void make(const BackupFile& backup, Completion completion);
     // The day and time on the user's calendar.
     BackupFile now(BackupFile::Kind kind) const;
 

@@ -26,4 +26,8 @@ struct DataStores {
     void replace(const UserData& data) const;
 };
 
+// The same document, of what lies in a settings store: for when the main thread is not to be kept waiting. What cannot
+// be read counts as empty, as it does to the stores; only the history is an error. Any thread.
+json::Result<DataDump> makeDataDump(const UserData::Values& values);
+
 } // namespace tamsel

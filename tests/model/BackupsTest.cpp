@@ -102,6 +102,38 @@ TEST_F(BackupsTest, OneADayWhenSomethingChangedMadeAwayFromTheScreen) {
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList()) << "nothing is left beside";
 }
 
+TEST_F(BackupsTest, WhatLiesInAFileIsReadThereAndNotByTheMainThread) {
+    const auto opened = SqliteSettingsStore::open(folder.path());
+    Backups filed(*opened.store, platform, folder.path(), makeQueue());
+    opened.store->setInteger(prompts, 1);
+    filed.makeDaily();
+    // Had it been read already, this would not be in the copy.
+    opened.store->setInteger(prompts, 2);
+    finishWork();
+    const auto copied = backups::read(backups::list(filed.folder()).value(0).path);
+    ASSERT_TRUE(copied);
+    EXPECT_EQ(*copied, opened.store->dictionaryRepresentation());
+
+    // Deleted under the program: a copy of nothing would take the place of a good one.
+    ASSERT_TRUE(QFile::remove(opened.store->location()));
+    clock.advance(24h);
+    filed.makeDaily();
+    finishWork();
+    EXPECT_EQ(filed.failure(), QStringLiteral("there is no such file"));
+    EXPECT_EQ(backups::list(filed.folder()).size(), 1);
+    EXPECT_FALSE(QFile::exists(opened.store->location()));
+}
+
+TEST_F(BackupsTest, CopiesThatAreOrderedTogetherAreCountedOn) {
+    store.setInteger(prompts, 1);
+    backups.makeDaily();
+    backups.makeDaily();
+    backups.makeBeforeReplacing([](const std::optional<QString>&) {});
+    finishWork();
+    EXPECT_EQ(names(), (QStringList{QStringLiteral("tamsel-000002-2024-03-14-120000-before-import.sqlite"),
+                                    QStringLiteral("tamsel-000001-2024-03-14.sqlite")}));
+}
+
 TEST_F(BackupsTest, TheLastSevenDaysAndTheLastOfEachOfTwelveMonthsAreKept) {
     QList<BackupFile> kept;
     qint64 number = 0;

@@ -96,6 +96,23 @@ TEST_F(DataDumpTest, ArchivedItemsAreListedWithoutTheirSettingsAndNotes) {
     EXPECT_EQ(dump.allNotes.first().first, scales);
 }
 
+TEST_F(DataDumpTest, TheDocumentOfWhatIsStoredIsThatOfTheStores) {
+    test::DataWorld world(store);
+    EXPECT_EQ(*makeDataDump(store.dictionaryRepresentation()), world.stores().makeDataDump());
+    world.stores().replace(*checkDataDump(test::testData("everything.tamsel")));
+    EXPECT_EQ(*makeDataDump(store.dictionaryRepresentation()), world.stores().makeDataDump());
+    // What the stores cannot read they take for nothing.
+    const QUuid id = world.exercises.items().first().id;
+    store.setData(keys::archivedExercises, "damaged");
+    store.setData(keys::settings(id), "damaged");
+    store.setData(keys::notes(world.exercises.items().first()), "damaged");
+    test::DataWorld restarted(store);
+    EXPECT_EQ(*makeDataDump(store.dictionaryRepresentation()), restarted.stores().makeDataDump());
+    store.setData(keys::historyEvents, "[{}]");
+    EXPECT_EQ(makeDataDump(store.dictionaryRepresentation()).error().message,
+              QStringLiteral("history.events[0].date: missing"));
+}
+
 TEST_F(DataDumpTest, NotesAreThereWhenTheItemHasAnEntryEvenAnEmptyOne) {
     test::DataWorld world(store);
     world.exercises.setItems({scales, etude});
@@ -157,13 +174,68 @@ TEST_F(DataDumpTest, WhatIsNoWholeDocumentIsRefusedWithThePlace) {
         EXPECT_EQ(checked.error().message.toStdString(), each.message);
         EXPECT_EQ(bool(json::decode<DataDump>(document)), each.decodes) << each.message;
     }
-    // One element too many, no JSON at all, and every beginning of a document.
+    // One element too many, another shape, and every beginning of a document.
     EXPECT_FALSE(
         checkDataDump(replaced(emptyDocument, "\"allNotes\":[",
                                "\"allNotes\":[{\"name\":\"\",\"id\":\"3F2504E0-4F89-41D3-9A0C-0305E82C3301\"}")));
     EXPECT_FALSE(checkDataDump("[]"));
-    for (qsizetype length = 0; length < frozen.size(); ++length)
-        ASSERT_FALSE(checkDataDump(frozen.first(length))) << length;
+    EXPECT_EQ(checkDataDump("").error().message, QStringLiteral("empty document"));
+    for (qsizetype length = 1; length < frozen.size(); ++length) {
+        const auto checked = checkDataDump(frozen.first(length));
+        ASSERT_FALSE(checked) << length;
+        ASSERT_TRUE(checked.error().message.endsWith(QStringLiteral(", at its end")))
+            << length << checked.error().message.toStdString();
+    }
+}
+
+struct Misspelt {
+    const char* from; // in the frozen document; the fault comes with the last byte that is put in its place
+    const char* to;
+};
+
+TEST_F(DataDumpTest, WhatIsNoJsonIsRefusedWithTheByte) {
+    const QByteArray frozen = test::testData("export.tamsel");
+    const Misspelt cases[] = {
+        {"\"allExercises\"", "a"},
+        {"\"allExercises\":", "\"allExercises\"["},
+        {"\"allExercises\":[", "\"allExercises\":[,"},
+        {"\"practiceTime\":8,", "\"practiceTime\":08"},
+        {"\"practiceTime\":8,", "\"practiceTime\":+"},
+        {"\"practiceTime\":8,", "\"practiceTime\":8.,"},
+        {"\"practiceTime\":8,", "\"practiceTime\":8e,"},
+        {"\"practiceTime\":8,", "\"practiceTime\":8,,"},
+        {"\"practiceTime\":8,", "\"practiceTime\":8\""},
+        {"\"practiceTime\":8,", "\"practiceTime\":N"},
+        {"\"bookmarksEnabled\":true", "\"bookmarksEnabled\":trua"},
+        {"Left hand", "Left\t"},
+        {"Left hand", "Left \n"},
+        {"Left hand", "Left \xFF"},
+        {"Left hand", "Left \xC3h"},
+        {"Left hand", "Left \xE0\x80"},
+        {"Left hand", "Left \xED\xA0"},
+        {"Left hand", "Left \xF4\x90"},
+        {"Left hand", "Left \\h"},
+        {"Left hand", "Left \\u12g"},
+        {"Left hand", "Left \\ud83c "},
+    };
+    for (const Misspelt& each : cases) {
+        const QByteArray document = replaced(frozen, each.from, each.to);
+        const qsizetype byte = frozen.indexOf(each.from) + qsizetype(qstrlen(each.to));
+        const auto checked = checkDataDump(document);
+        ASSERT_FALSE(checked) << each.to;
+        EXPECT_TRUE(checked.error().message.endsWith(QStringLiteral(", at byte %1").arg(byte)))
+            << each.to << ": " << checked.error().message.toStdString() << ", not " << byte;
+    }
+    EXPECT_EQ(checkDataDump(frozen + '}').error().message,
+              QStringLiteral("unexpected content behind the document, at byte %1").arg(frozen.size() + 1));
+    EXPECT_EQ(checkDataDump(QByteArray(100, '[')).error().message, QStringLiteral("expected object, at its end"));
+    EXPECT_EQ(checkDataDump("{\"x\":" + QByteArray(100'000, '[')).error().message,
+              QStringLiteral("nested too deeply, at byte %1").arg(5 + 100));
+    // Everything that JSON allows is passed over.
+    EXPECT_EQ(checkDataDump("\t{ \"\\u00e9\\ud83c\\udfbb\\n\" :\r\n[ -0.5E+3, 1e-2, true,false,null,{},[] ] } ")
+                  .error()
+                  .message,
+              QStringLiteral("allArchivedExercises: missing"));
 }
 
 TEST_F(DataDumpTest, AFileThatIsNoDocumentReadsAsNothing) {
