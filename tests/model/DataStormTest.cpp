@@ -153,7 +153,7 @@ TEST(DataStormTest, WhoeverIsKilledLeavesTheOldStateOrTheNewWithEveryAcknowledge
         for (auto i = 1 + random() % 20; i > 0; --i)
             ASSERT_EQ(::read(pipe[0], &acknowledged, sizeof acknowledged), ssize_t{sizeof acknowledged});
         // Somewhere within the next change, or the one after it.
-        for (volatile auto spin = random() % 200'000; spin > 0;)
+        for (volatile auto spin = random() % 1'500'000; spin > 0;)
             spin = spin - 1;
         ::kill(child, SIGKILL);
         for (int last = 0; ::read(pipe[0], &last, sizeof last) == ssize_t{sizeof last};)
