@@ -33,8 +33,8 @@ QString BackupsViewModel::explanation() const {
 }
 
 QString BackupsViewModel::emptyText() const {
-    return m_rows.isEmpty() ? QStringLiteral("There are no backups yet. The first one is made on the next day that you "
-                                             "practise.")
+    return m_rows.isEmpty() ? QStringLiteral("There are no backups yet. The first one is made shortly after Tamsel has "
+                                             "started.")
                             : QString();
 }
 
@@ -77,8 +77,11 @@ void BackupsViewModel::setWarning(const QString& warning) {
 }
 
 void BackupsViewModel::chooseFolder(const QUrl& folder) {
-    if (const auto reason = m_backups.setFolder(folder.toLocalFile())) {
-        setWarning(QStringLiteral("Backups cannot be kept in “%1”: %2.").arg(folder.toLocalFile(), *reason));
+    const auto reason = folder.isLocalFile() ? m_backups.setFolder(folder.toLocalFile())
+                                             : QStringLiteral("it does not lie on this device");
+    if (reason) {
+        const QString name = folder.toDisplayString(QUrl::PreferLocalFile);
+        setWarning(QStringLiteral("Backups cannot be kept in “%1”: %2.").arg(name, *reason));
         return;
     }
     Q_EMIT folderChanged();
@@ -87,7 +90,8 @@ void BackupsViewModel::chooseFolder(const QUrl& folder) {
 }
 
 void BackupsViewModel::useStandardFolder() {
-    (void)m_backups.setFolder(std::nullopt);
+    if (const auto reason = m_backups.setFolder(std::nullopt))
+        setWarning(QStringLiteral("The folder could not be changed: %1.").arg(*reason));
     Q_EMIT folderChanged();
 }
 

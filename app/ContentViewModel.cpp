@@ -15,9 +15,10 @@ constexpr std::chrono::seconds retryInterval{2};
 ContentViewModel::ContentViewModel(Singletons& singletons, const Platform& platform, const Coordinator& coordinator,
                                    Backups& backups)
     : m_singletons(singletons), m_platform(platform), m_tabViewModel(singletons, platform, coordinator),
-      m_dataViewModel(singletons, platform, backups, [this] { leaveScreens(); }), m_leftPractice(singletons),
-      m_writeFailureSubscription(
-          singletons.userDefaults.writeFailureChanged().subscribe([this] { storageChanged(); })) {
+      m_dataViewModel(singletons, platform, backups, [this] { leaveScreens(); }), m_leftPractice(singletons, platform),
+      m_writeFailureSubscription(singletons.userDefaults.writeFailureChanged().subscribe([this] { storageChanged(); })),
+      m_shareSubscription(m_tabViewModel.historyViewModel()->shareFeature().requested().subscribe(
+          [this] { m_dataViewModel.setSheetIsPresented(true); })) {
     // A change may have failed while the stores were made.
     storageChanged();
 }

@@ -66,6 +66,7 @@ private:
     bool m_retryIsScheduled = false;
     std::shared_ptr<ContentViewModel*> m_self = std::make_shared<ContentViewModel*>(this);
     Observable::Subscription m_writeFailureSubscription;
+    Observable::Subscription m_shareSubscription;
 };
 
 } // namespace tamsel

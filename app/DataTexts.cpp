@@ -52,7 +52,8 @@ QString backupText(const BackupFile& backup) {
 
 QString backupDetail(const BackupFile& backup, const QString& finding) {
     const QString detail = QStringLiteral("%1, %2").arg(sizeText(backup.bytes), finding);
-    return backup.kind == BackupFile::Kind::daily ? detail : QStringLiteral("before an import, ") + detail;
+    // What a narrow row cuts off is the least of it.
+    return backup.kind == BackupFile::Kind::daily ? detail : detail + QStringLiteral(", before an import");
 }
 
 QString exportFileName(Date now, const QString& zoneName) {

@@ -25,8 +25,7 @@ QString dayText(QDate day);
 QString sizeText(qint64 bytes);
 // "14 March 2024" or, for a copy made before data was replaced, "14 March 2024, 15:30".
 QString backupText(const BackupFile& backup);
-// "1.25 MB, verified" or, for such a copy, "before an import, 1.25 MB, verified"; what is found of it stands at the
-// end.
+// "1.25 MB, verified" or, for such a copy, "1.25 MB, verified, before an import".
 QString backupDetail(const BackupFile& backup, const QString& finding);
 // A name for an export: "Tamsel 2024-03-14.tamsel".
 QString exportFileName(Date now, const QString& zoneName);

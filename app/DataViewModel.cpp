@@ -4,6 +4,7 @@
 #include "model/DataCheck.h"
 #include "model/DataFile.h"
 #include "model/Json.h"
+#include "model/Snapshot.h"
 
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -17,6 +18,19 @@ namespace {
 // A place in a document stands at the beginning of a line, and ends with a colon.
 QString sentence(const QString& reason) {
     return reason + QLatin1Char('.');
+}
+
+QString cannotBeUsed(const QString& title, const QString& reason) {
+    return QStringLiteral("“%1” cannot be used. Nothing was changed. (%2)").arg(title, sentence(reason));
+}
+
+// Of what a desktop's dialog may offer: a place that only the network has.
+const QString notOnThisDevice = QStringLiteral("it does not lie on this device");
+
+// Where the desktop's dialog has not seen to it.
+QString withExtension(const QString& path) {
+    const QString extended = path + QLatin1Char('.') + DataDump::fileExtension;
+    return QFileInfo(path).suffix().isEmpty() && !QFileInfo::exists(extended) ? extended : path;
 }
 
 } // namespace
@@ -69,40 +83,79 @@ QStringList DataViewModel::fileFilters() const {
     return {QStringLiteral("Tamsel data (*.%1)").arg(DataDump::fileExtension), QStringLiteral("All files (*)")};
 }
 
-void DataViewModel::save(const QUrl& file) {
-    if (m_isBusy)
-        return;
-    QString path = file.toLocalFile();
-    if (QFileInfo(path).suffix().isEmpty())
-        path += QLatin1Char('.') + DataDump::fileExtension;
+void DataViewModel::makeDocument(std::function<Failure(QByteArray document)> use,
+                                 std::function<void(const Failure&)> finish) {
     setIsBusy(true);
-    const auto failure = std::make_shared<std::optional<QString>>();
-    const auto write = [dump = m_singletons.dataStores().makeDataDump(), path, failure] {
-        const auto document = json::encode(dump);
-        *failure = document ? datafile::write(path, *document) : QStringLiteral("a date is no number");
+    const auto failure = std::make_shared<Failure>();
+    const auto work = [snapshot = snapshotOf(m_singletons.userDefaults), use = std::move(use), failure] {
+        const auto values = snapshot();
+        const auto dump = values ? makeDataDump(*values) : json::Result<DataDump>(values.error());
+        auto document = dump ? json::encode(*dump) : std::nullopt;
+        if (document)
+            *failure = use(*std::move(document));
+        else
+            *failure = dump ? QStringLiteral("a date is no number") : dump.error().message;
     };
-    m_backups.onQueue(write, [this, path, failure] {
+    m_backups.onQueue(work, [this, failure, finish = std::move(finish)] {
         setIsBusy(false);
-        const QString name = QFileInfo(path).fileName();
-        setMessage(*failure ? QStringLiteral("“%1” could not be saved: %2").arg(name, sentence(**failure))
-                            : QStringLiteral("Saved as “%1”.").arg(name));
+        finish(*failure);
+        considerWaiting();
     });
 }
 
-QString DataViewModel::copy() {
-    const auto document = json::encode(m_singletons.dataStores().makeDataDump());
-    setMessage(QStringLiteral("All data is on the clipboard, as text."));
-    return QString::fromUtf8(document.value_or(QByteArray()));
+void DataViewModel::save(const QUrl& file) {
+    if (m_isBusy)
+        return;
+    const auto tell = [this](const QString& name, const Failure& failure) {
+        setMessage(failure ? QStringLiteral("“%1” could not be saved: %2").arg(name, sentence(*failure))
+                           : QStringLiteral("Saved as “%1”.").arg(name));
+    };
+    if (!file.isLocalFile()) {
+        tell(file.fileName(), notOnThisDevice);
+        return;
+    }
+    const QString path = withExtension(file.toLocalFile());
+    makeDocument([path](const QByteArray& document) { return datafile::write(path, document); },
+                 [tell, path](const Failure& failure) { tell(QFileInfo(path).fileName(), failure); });
+}
+
+void DataViewModel::copy() {
+    if (m_isBusy)
+        return;
+    const auto text = std::make_shared<QString>();
+    makeDocument(
+        [text](const QByteArray& document) {
+            *text = QString::fromUtf8(document);
+            return Failure();
+        },
+        [this, text](const Failure& failure) {
+            if (!failure)
+                Q_EMIT copied(*text);
+            setMessage(failure ? QStringLiteral("Nothing could be copied: %1").arg(sentence(*failure))
+                               : QStringLiteral("All data is on the clipboard, as text."));
+        });
 }
 
 // Bringing it in
 
 void DataViewModel::importFrom(const QUrl& file) {
+    if (!file.isLocalFile()) {
+        setMessage(cannotBeUsed(file.fileName(), notOnThisDevice));
+        return;
+    }
     consider(file.toLocalFile(), QFileInfo(file.toLocalFile()).fileName(), false);
 }
 
 void DataViewModel::openDocument(const QString& path) {
     setSheetIsPresented(true);
+    m_waitingDocument = path;
+    considerWaiting();
+}
+
+void DataViewModel::considerWaiting() {
+    if (m_isBusy || !m_waitingDocument)
+        return;
+    const QString path = *std::exchange(m_waitingDocument, std::nullopt);
     consider(path, QFileInfo(path).fileName(), false);
 }
 
@@ -120,10 +173,13 @@ void DataViewModel::consider(const QString& path, const QString& title, bool isB
         QString problem;
     };
     const auto result = std::make_shared<Result>();
-    const auto read = [path, title, isBackup, result, present = UserData::of(m_singletons.userDefaults)] {
-        const auto now = DataSummary::of(present);
-        const DataSummary summary = now ? *now : DataSummary();
+    const auto read = [path, title, isBackup, result, snapshot = snapshotOf(m_singletons.userDefaults)] {
         const auto fail = [&result](const json::Error& error) { result->problem = error.message; };
+        const auto present = snapshot();
+        if (!present)
+            return fail(present.error());
+        const auto now = DataSummary::of(UserData(*present));
+        const DataSummary summary = now ? *now : DataSummary();
         if (isBackup) {
             const auto values = backups::read(path);
             if (!values)
@@ -146,13 +202,13 @@ void DataViewModel::consider(const QString& path, const QString& title, bool isB
     };
     m_backups.onQueue(read, [this, title, result] {
         setIsBusy(false);
-        if (!result->offer) {
-            setMessage(
-                QStringLiteral("“%1” cannot be used. Nothing was changed. (%2)").arg(title, sentence(result->problem)));
-            return;
+        if (result->offer) {
+            m_offer = std::move(result->offer);
+            Q_EMIT previewChanged();
+        } else {
+            setMessage(cannotBeUsed(title, result->problem));
         }
-        m_offer = std::move(result->offer);
-        Q_EMIT previewChanged();
+        considerWaiting();
     });
 }
 
@@ -203,6 +259,7 @@ void DataViewModel::makeBackupThen(std::function<void()> change) {
             change();
         m_offer.reset();
         Q_EMIT previewChanged();
+        considerWaiting();
     });
 }
 

@@ -81,13 +81,15 @@ public:
     QUrl suggestedFile() const;
     QStringList fileFilters() const;
     QString fileExtension() const { return DataDump::fileExtension; }
+    // Under a name without an end the file gets the document's, unless a file of that name is there: the person was not
+    // asked about that one.
     Q_INVOKABLE void save(const QUrl& file);
-    // The document's text, for the clipboard.
-    Q_INVOKABLE QString copy();
+    // Makes the document's text for the clipboard, which comes with `copied`.
+    Q_INVOKABLE void copy();
 
     // Reads it, and shows what it would replace or why it cannot be used.
     Q_INVOKABLE void importFrom(const QUrl& file);
-    // The same for a file that the desktop opens with this program.
+    // The same for a file that the desktop opens with this program. While something else is under way it waits.
     void openDocument(const QString& path);
     // The same for a row of `backups`.
     Q_INVOKABLE void restore(int row);
@@ -102,7 +104,8 @@ public:
     // Makes a backup, then replaces everything at once.
     Q_INVOKABLE void replace();
 
-    // Until something else is changed.
+    // Until something is practised, or an item or an event is changed. What else was changed, such as a note, is in the
+    // backup that undoing makes first.
     bool canUndo() const { return m_undo.has_value(); }
     QString undoText() const;
     Q_INVOKABLE void undo();
@@ -112,6 +115,7 @@ Q_SIGNALS:
     void previewChanged();
     void statusChanged();
     void canUndoChanged();
+    void copied(const QString& text);
 
 private:
     // What could take the place of the present data.
@@ -126,7 +130,12 @@ private:
         QString text;
     };
 
+    // Makes the document and gives it to `use`, away from the screen; then `finish` gets what `use` has answered, or
+    // why there is no document.
+    using Failure = std::optional<QString>;
+    void makeDocument(std::function<Failure(QByteArray document)> use, std::function<void(const Failure&)> finish);
     void consider(const QString& path, const QString& title, bool isBackup);
+    void considerWaiting();
     void makeBackupThen(std::function<void()> change);
     void putInPlace(const Offer& offer);
     void forgetUndo();
@@ -141,6 +150,7 @@ private:
     bool m_sheetIsPresented = false;
     QString m_message;
     bool m_isBusy = false;
+    std::optional<QString> m_waitingDocument;
     std::optional<Offer> m_offer;
     std::optional<Undo> m_undo;
     bool m_isReplacing = false;

@@ -19,8 +19,8 @@ QString textOf(const QList<PracticeSession>& left) {
 
 } // namespace
 
-LeftPracticeViewModel::LeftPracticeViewModel(Singletons& singletons)
-    : m_singletons(singletons), m_text(textOf(singletons.runningPractice.left())),
+LeftPracticeViewModel::LeftPracticeViewModel(Singletons& singletons, const Platform& platform)
+    : m_singletons(singletons), m_platform(platform), m_text(textOf(singletons.runningPractice.left())),
       m_isPresented(!singletons.runningPractice.left().isEmpty()) {}
 
 void LeftPracticeViewModel::keep() {
@@ -35,6 +35,12 @@ void LeftPracticeViewModel::keep() {
                 run.exercise = *item;
             m_singletons.history.record(run);
         }
+        // Of those that have just come to it: the log is today's.
+        const Date today = m_platform.calendar.startOfDay(m_platform.clock.now());
+        m_singletons.dailyLog.removeSessions([&](const PracticeSession& session) {
+            return m_platform.calendar.startOfDay(session.date) != today &&
+                   std::ranges::find(left, session.date, &PracticeSession::date) != left.end();
+        });
         m_singletons.runningPractice.forgetLeft();
     });
     close();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Singletons.h"
-#include "platform/Observable.h"
+#include "platform/Platform.h"
 
 #include <QObject>
 #include <QString>
@@ -21,13 +21,13 @@ class LeftPracticeViewModel final : public QObject {
     Q_PROPERTY(QString text READ text CONSTANT FINAL)
 
 public:
-    explicit LeftPracticeViewModel(Singletons& singletons);
+    LeftPracticeViewModel(Singletons& singletons, const Platform& platform);
 
     bool isPresented() const { return m_isPresented; }
     QString title() const { return QStringLiteral("Keep your practice?"); }
     QString text() const { return m_text; }
 
-    // Records what was left, each with the time that it had.
+    // Records what was left, each with the time that it had, on the day on which it was practised.
     Q_INVOKABLE void keep();
     Q_INVOKABLE void discard();
     Q_INVOKABLE void decideLater();
@@ -39,6 +39,7 @@ private:
     void close();
 
     Singletons& m_singletons;
+    const Platform m_platform;
     const QString m_text; // stays while the dialog goes
     bool m_isPresented;
 };

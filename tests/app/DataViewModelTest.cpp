@@ -68,10 +68,57 @@ TEST_F(DataViewModelTest, WhatIsSavedOrCopiedIsTheDocument) {
     EXPECT_FALSE(data().isBusy());
     EXPECT_EQ(*datafile::read(path + QStringLiteral(".tamsel")), document()) << "a name without an end gets one";
     EXPECT_EQ(data().statusText(), QStringLiteral("Saved as “mine.tamsel”."));
-    EXPECT_EQ(data().copy().toUtf8(), document());
+    QString copied;
+    QObject::connect(&data(), &DataViewModel::copied, [&copied](const QString& text) { copied = text; });
+    data().copy();
+    settle();
+    EXPECT_EQ(copied.toUtf8(), document());
+    EXPECT_EQ(data().statusText(), QStringLiteral("All data is on the clipboard, as text."));
     data().save(QUrl::fromLocalFile(folder.filePath(QStringLiteral("none/mine.tamsel"))));
     settle();
     EXPECT_EQ(data().statusText(), QStringLiteral("“mine.tamsel” could not be saved: No such file or directory."));
+}
+
+TEST_F(DataViewModelTest, AFileThatNobodyWasAskedAboutIsNotReplaced) {
+    const QString path = folder.filePath(QStringLiteral("mine"));
+    ASSERT_EQ(datafile::write(path + QStringLiteral(".tamsel"), "another journal"), std::nullopt);
+    data().save(QUrl::fromLocalFile(path));
+    settle();
+    EXPECT_EQ(*datafile::read(path + QStringLiteral(".tamsel")), QByteArray("another journal"));
+    EXPECT_EQ(*datafile::read(path), document());
+}
+
+TEST_F(DataViewModelTest, WhatLiesOnNoDiskOfThisDeviceIsRefused) {
+    const auto before = QDir::current().entryList(QDir::AllEntries | QDir::Hidden);
+    const QUrl away(QStringLiteral("smb://server/share/mine.tamsel"));
+    data().save(away);
+    EXPECT_EQ(data().statusText(), QStringLiteral("“mine.tamsel” could not be saved: it does not lie on this device."));
+    data().importFrom(away);
+    EXPECT_EQ(data().statusText(), QStringLiteral("“mine.tamsel” cannot be used. Nothing was changed. (it does not "
+                                                  "lie on this device.)"));
+    backups().chooseFolder(QUrl(QStringLiteral("smb://server/share")));
+    EXPECT_EQ(backups().warning(),
+              QStringLiteral("Backups cannot be kept in “smb://server/share”: it does not lie on this device."));
+    EXPECT_EQ(app->backups().folder(), backupFolder());
+    EXPECT_EQ(QDir::current().entryList(QDir::AllEntries | QDir::Hidden), before);
+}
+
+TEST_F(DataViewModelTest, ADocumentThatIsOpenedMeanwhileWaitsItsTurn) {
+    data().save(QUrl::fromLocalFile(folder.filePath(QStringLiteral("mine.tamsel"))));
+    app->content().openDocument(small);
+    EXPECT_FALSE(data().previewIsPresented());
+    settle();
+    EXPECT_EQ(data().previewTitle(), QStringLiteral("Replace all data with “export.tamsel”?"));
+    data().replace();
+    app->content().openDocument(QStringLiteral(TAMSEL_TEST_DATA "/everything.tamsel"));
+    settle();
+    EXPECT_EQ(document(), *datafile::read(small)) << "what was asked about is what was put in place";
+    EXPECT_EQ(data().previewTitle(), QStringLiteral("Replace all data with “everything.tamsel”?"));
+}
+
+TEST_F(DataViewModelTest, TheShareActionOfTheHistoryScreenPresentsAllData) {
+    app->content().tabViewModel()->historyViewModel()->share();
+    EXPECT_TRUE(data().sheetIsPresented());
 }
 
 TEST_F(DataViewModelTest, AnImportIsShownThenDoneThenTakenBack) {
@@ -188,8 +235,10 @@ TEST_F(DataViewModelTest, BackupsAreListedLookedThroughAndRestored) {
     EXPECT_EQ(backups().rows().last().title, QStringLiteral("14 March 2024"));
     for (const BackupRow& row : backups().rows()) {
         EXPECT_TRUE(row.isUsable);
-        EXPECT_TRUE(row.detail.endsWith(QStringLiteral(" kB, verified"))) << row.detail.toStdString();
+        EXPECT_TRUE(row.detail.contains(QStringLiteral(" kB, verified"))) << row.detail.toStdString();
     }
+    EXPECT_TRUE(backups().rows().first().detail.endsWith(QStringLiteral(", before an import")));
+    EXPECT_TRUE(backups().rows().last().detail.endsWith(QStringLiteral(", verified")));
     data().restore(1);
     settle();
     EXPECT_EQ(data().previewTitle(), QStringLiteral("Replace all data with “14 March 2024”?"));
@@ -262,6 +311,28 @@ TEST_F(DataViewModelTest, APracticeThatWasCutOffIsKeptOrDiscardedWhenAsked) {
         start();
         EXPECT_FALSE(app->content().leftPractice()->isPresented());
     }
+}
+
+TEST_F(DataViewModelTest, APracticeOfYesterdayIsKeptInTheJournalAndNotInTodaysLog) {
+    auto& stack = *app->content().tabViewModel()->practiceNavigationStack();
+    qobject_cast<PracticeViewModel*>(stack.screenModel(0))->startStopwatch();
+    world.mainQueue.advance(125s);
+    const auto crashed = world.store.dictionaryRepresentation();
+    app.reset();
+    for (auto each = crashed.cbegin(); each != crashed.cend(); ++each)
+        world.store.set(each.key(), each.value());
+    world.store.remove(keys::practiceSessions);
+    const Date began = world.clock.now();
+    world.clock.advance(24h);
+    start();
+    const qsizetype events = app->singletons().history.events().size();
+    const Exercise item = app->singletons().exercises.items().first();
+    app->singletons().history.record(*PracticeSession::make(world.clock.now(), item, 90, SessionType::timer));
+    app->content().leftPractice()->keep();
+    ASSERT_EQ(app->singletons().history.events().size(), events + 2);
+    EXPECT_LT(app->singletons().history.events().last().date, began);
+    ASSERT_EQ(app->singletons().dailyLog.practiceSessions().size(), 1);
+    EXPECT_EQ(app->singletons().dailyLog.practiceSessions().first().seconds, 90);
 }
 
 } // namespace

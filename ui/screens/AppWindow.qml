@@ -148,10 +148,6 @@ Window {
         function onPracticeRequested() {
             window.tabs.selectedTabIndex = 0;
         }
-
-        function onShareRequested() {
-            window.content.dataViewModel.sheetIsPresented = true;
-        }
     }
 
     TabBar {

@@ -51,7 +51,7 @@ SheetPage {
         enabled: !sheet.journal.isBusy
         iconName: "copy"
         text: "Copy as text"
-        onClicked: Clipboard.setText(sheet.journal.copy())
+        onClicked: sheet.journal.copy()
     }
 
     PillButton {
@@ -70,6 +70,14 @@ SheetPage {
         iconName: "backups"
         text: "Backups …"
         onClicked: sheet.journal.backups.isPresented = true
+    }
+
+    Connections {
+        target: sheet.journal
+
+        function onCopied(text: string) {
+            Clipboard.setText(text);
+        }
     }
 
     OnDemand {

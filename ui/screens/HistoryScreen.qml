@@ -11,7 +11,6 @@ FocusScope {
     required property HistoryViewModel history
 
     signal practiceRequested()
-    signal shareRequested()
 
     focus: true
 
@@ -50,7 +49,7 @@ FocusScope {
             objectName: "share_button"
             text: "Share"
             iconName: "share"
-            onClicked: screen.shareRequested()
+            onClicked: screen.history.share()
         }
     }
 
