@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMimeDatabase>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -30,6 +31,15 @@ TEST(PackagingTest, TheDesktopKnowsTheDocumentAndWhoOpensIt) {
     QFile entry(QStringLiteral(TAMSEL_PACKAGING "/tamsel.desktop"));
     ASSERT_TRUE(entry.open(QIODevice::ReadOnly));
     EXPECT_TRUE(entry.readAll().contains("\nMimeType=" + type.name().toUtf8() + ";"));
+}
+
+TEST(PackagingTest, TheDesktopEntryIsAsTheDesktopsWantIt) {
+    QProcess validator;
+    validator.setProcessChannelMode(QProcess::MergedChannels);
+    validator.start(QStringLiteral("desktop-file-validate"), {QStringLiteral(TAMSEL_PACKAGING "/tamsel.desktop")});
+    ASSERT_TRUE(validator.waitForFinished()) << validator.errorString().toStdString();
+    EXPECT_EQ(validator.exitCode(), 0);
+    EXPECT_EQ(validator.readAll().toStdString(), "");
 }
 
 } // namespace
