@@ -30,7 +30,7 @@ namespace {
 using Duration = test::FaultyFileSystem::Duration;
 using Files = QMap<QString, QByteArray>;
 
-const QDateTime moment(QDate(2024, 3, 14), QTime(15, 30), Qt::UTC);
+const QDateTime restoreTime(QDate(2024, 3, 14), QTime(15, 30), Qt::UTC);
 
 QByteArray contents(const QString& path) {
     const auto read = datafile::read(path);
@@ -216,7 +216,7 @@ TEST_F(DataFaultTest, EachFaultWhileADamagedFileIsReplacedLeavesItAndItsLog) {
         };
         const datafile::Calls& real = datafile::Calls::system();
         const auto failure = recovery::restore(
-            backup, path, moment,
+            backup, path, restoreTime,
             {[&](int descriptor, const char* bytes, std::size_t size) {
                  return fails() ? ssize_t{-1} : real.write(descriptor, bytes, std::min<std::size_t>(size, 50'000));
              },
@@ -306,7 +306,7 @@ TEST_F(DataFaultTest, InAReadOnlyFolderEverythingIsRefusedWithALineAndStays) {
                   QStringLiteral("its folder cannot be written (%1)").arg(denied));
         const auto looked = backups::read(backup);
         EXPECT_TRUE(looked) << looked.error().message.toStdString();
-        EXPECT_EQ(recovery::restore(backup, path, moment), denied);
+        EXPECT_EQ(recovery::restore(backup, path, restoreTime), denied);
     }
     EXPECT_EQ(filesIn(folder.path()), before);
 }
