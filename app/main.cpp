@@ -10,6 +10,7 @@
 #include "model/Recovery.h"
 #include "model/SqliteSettingsStore.h"
 #include "platform/AccelerometerShakeSource.h"
+#include "platform/DeviceLanguage.h"
 #include "platform/FatalError.h"
 #include "platform/FolderLock.h"
 #include "platform/Log.h"
@@ -269,6 +270,7 @@ int run(QGuiApplication& application) {
 } // namespace tamsel
 
 int main(int argc, char* argv[]) {
+    tamsel::adoptDeviceLanguage();
     QGuiApplication::setApplicationName(QStringLiteral("tamsel"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tamsel"));
     QGuiApplication::setApplicationVersion(QStringLiteral(TAMSEL_VERSION));

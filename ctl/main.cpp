@@ -3,6 +3,7 @@
 #include "ctl/DataCommands.h"
 #include "ctl/ListCommand.h"
 #include "ctl/ReportCommand.h"
+#include "platform/DeviceLanguage.h"
 #include "platform/Log.h"
 
 #include <QCoreApplication>
@@ -55,6 +56,7 @@ int run(const QStringList& arguments) {
 } // namespace tamsel::ctl
 
 int main(int argc, char* argv[]) {
+    tamsel::adoptDeviceLanguage();
     QCoreApplication::setApplicationName(QStringLiteral("tamselctl"));
     const QCoreApplication application(argc, argv);
     // Standard output is for what a command is asked for.

@@ -1,13 +1,12 @@
 #include "platform/Calendar.h"
 
-#include "platform/FatalError.h"
-#include "platform/IcuText.h"
-
-#include <unicode/basictz.h>
-#include <unicode/tztrans.h>
+#include <QByteArray>
+#include <QDateTime>
+#include <QTimeZone>
 
 #include <algorithm>
-#include <array>
+#include <cmath>
+#include <ctime>
 #include <limits>
 #include <vector>
 
@@ -17,8 +16,10 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double millisecondsPerSecond = 1000.0;
-// 2100-01-01. Zones that change their clocks every year do so for ever; what comes later is worked out when asked for.
-constexpr double endOfTable = 4102444800.0;
+// 1800-01-01, when every place still had the time of its own sun. Rules that TZ spells out would go back for ever.
+constexpr double startOfTable = -5364662400.0;
+// 2050-01-01. Zones that change their clocks every year do so for ever; what comes later is worked out when asked for.
+constexpr double endOfTable = 2524608000.0;
 // No zone's clocks were ever further from UTC than 16 hours, nor did any jump by more than a day.
 constexpr double largestJump = 26.0 * 3600;
 constexpr int monthsPerYear = 12;
@@ -59,36 +60,36 @@ CivilDay civilDayOf(int dayNumber) {
     return {yearOfEra + era * yearsPerEra + (month < 2 ? 1 : 0), month, day};
 }
 
-double offsetOf(const icu::TimeZoneRule& rule) {
-    return (rule.getRawOffset() + rule.getDSTSavings()) / millisecondsPerSecond;
+// The whole millisecond, rounded down.
+QDateTime utc(double moment) {
+    return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(std::floor(moment * millisecondsPerSecond)), Qt::UTC);
 }
 
-double timeOf(const icu::TimeZoneTransition& transition) {
-    return transition.getTime() / millisecondsPerSecond;
+double timeOf(const QTimeZone::OffsetData& transition) {
+    return static_cast<double>(transition.atUtc.toMSecsSinceEpoch()) / millisecondsPerSecond;
+}
+
+bool isValid(const QTimeZone::OffsetData& transition) {
+    return transition.atUtc.isValid();
 }
 
 } // namespace
 
 struct Calendar::Zone {
-    explicit Zone(icu::TimeZone* made) : zone(made), rules(dynamic_cast<icu::BasicTimeZone*>(made)) {
-        if (rules == nullptr)
-            trap(); // every zone that is made by name keeps rules
-    }
+    explicit Zone(const QTimeZone& given) : zone(given) {}
 
     void makeTable() {
-        icu::TimeZoneTransition transition;
         double start = -infinity;
-        double offset = offsetAt(-static_cast<double>(farthestDay * secondsPerDay));
-        UDate from = -std::numeric_limits<double>::max();
-        while (start < endOfTable && rules->getNextTransition(from, false, transition)) {
-            from = transition.getTime();
-            const double time = timeOf(transition);
-            table.push_back({start, time, offsetOf(*transition.getFrom())});
-            start = time;
-            offset = offsetOf(*transition.getTo());
+        double offset = zone.offsetFromUtc(utc(startOfTable));
+        auto next = zone.nextTransition(utc(startOfTable));
+        while (isValid(next) && timeOf(next) < endOfTable) {
+            table.push_back({start, timeOf(next), offset});
+            start = timeOf(next);
+            offset = next.offsetFromUtc;
+            // Asked at the very moment of the last one that the database lists, Qt tells none of those behind it.
+            next = zone.nextTransition(next.atUtc.addMSecs(1));
         }
-        if (start < endOfTable)
-            table.push_back({start, infinity, offset});
+        table.push_back({start, endOfTable, offset});
     }
 
     Span find(double moment) {
@@ -100,44 +101,45 @@ struct Calendar::Zone {
     }
 
     Span beyondTable(double moment) const {
-        icu::TimeZoneTransition transition;
-        Span span{table.back().end, infinity, 0};
-        span.offset = offsetAt(moment);
-        if (rules->getPreviousTransition(moment * millisecondsPerSecond, true, transition))
-            span.start = timeOf(transition);
-        if (rules->getNextTransition(moment * millisecondsPerSecond, false, transition))
-            span.end = timeOf(transition);
+        const QDateTime time = utc(moment);
+        Span span{table.back().end, infinity, static_cast<double>(zone.offsetFromUtc(time))};
+        // "Previous" is before the moment.
+        if (const auto previous = zone.previousTransition(time.addMSecs(1)); isValid(previous))
+            span.start = std::max(span.start, timeOf(previous));
+        if (const auto next = zone.nextTransition(time); isValid(next))
+            span.end = timeOf(next);
         return span;
     }
 
-    double offsetAt(double moment) const {
-        UErrorCode status = U_ZERO_ERROR;
-        int32_t raw = 0;
-        int32_t savings = 0;
-        zone->getOffset(moment * millisecondsPerSecond, false, raw, savings, status);
-        if (U_FAILURE(status))
-            trap();
-        return (raw + savings) / millisecondsPerSecond;
-    }
-
-    const std::unique_ptr<icu::TimeZone> zone;
-    const icu::BasicTimeZone* const rules;
-    // Every stretch between two changes of the zone's clocks, from the first moment on without a gap.
+    const QTimeZone zone;
+    // Every stretch between two changes of the zone's clocks, from the first moment to the table's end without a gap.
     std::vector<Span> table;
 };
 
-Calendar::Calendar(const QString& zoneName)
-    : m_zone(std::make_unique<Zone>(icu::TimeZone::createTimeZone(toIcu(zoneName)))) {
-    icu::UnicodeString id;
-    m_zone->zone->getID(id);
-    m_zoneName = fromIcu(id);
-}
+// The system's own database of zones is kept up to date when a country changes its clocks; ICU brings one that is as
+// old as itself.
+Calendar::Calendar(const QTimeZone& zone)
+    : m_zone(std::make_unique<Zone>(zone.isValid() ? zone : QTimeZone::utc())),
+      m_zoneName(QString::fromUtf8(m_zone->zone.id())) {}
+
+Calendar::Calendar(const QString& zoneName) : Calendar(QTimeZone(zoneName.toUtf8())) {}
 
 Calendar Calendar::device() {
-    const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::detectHostTimeZone());
-    icu::UnicodeString id;
-    zone->getID(id);
-    return Calendar(fromIcu(id));
+    QTimeZone zone = QTimeZone::systemTimeZone();
+    // TZ may also name a zone by its file.
+    const QByteArray name = qgetenv("TZ");
+    const QByteArray folder = "/zoneinfo/";
+    if (const auto at = name.indexOf(folder); !zone.isValid() && at >= 0)
+        zone = QTimeZone(name.mid(at + folder.size()));
+    // What the clocks show is told by the C library, which takes "UTC-14" for rules where Qt takes it for an offset.
+    tzset();
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    const auto offset = static_cast<int>(local.tm_gmtoff);
+    if (!zone.isValid() || zone.offsetFromUtc(QDateTime::fromSecsSinceEpoch(now, Qt::UTC)) != offset)
+        zone = QTimeZone(offset);
+    return Calendar(zone);
 }
 
 Calendar::Calendar(Calendar&&) noexcept = default;

@@ -7,6 +7,8 @@
 #include <memory>
 #include <optional>
 
+class QTimeZone;
+
 namespace tamsel {
 
 // Gregorian days and months in one time zone. The calendar's rules count for all time; moments more than 100 million
@@ -18,7 +20,8 @@ class Calendar {
 public:
     // An IANA name such as "Europe/Berlin"; a name that is unknown counts as UTC.
     explicit Calendar(const QString& zoneName);
-    // The device's zone, as it is when the call is made.
+    // The device's zone, as it is when the call is made. Rules that TZ spells out, such as
+    // "CET-1CEST,M3.5.0,M10.5.0/3", are followed.
     static Calendar device();
 
     Calendar(Calendar&&) noexcept;
@@ -53,9 +56,15 @@ public:
     static int monthOfDay(int dayNumber);
     static int firstDayOfMonth(int monthNumber);
 
+    // What the zone's clocks show at a moment, as the moment at which those of UTC show it: for formatters, which need
+    // not know the zone then.
+    Date wallClock(Date date) const { return date + spanAt(clamped(date.unixSeconds())).offset; }
+
     const QString& zoneName() const { return m_zoneName; }
 
 private:
+    explicit Calendar(const QTimeZone& zone);
+
     // From `start` up to, not including, `end` (Unix seconds) the zone's clocks are `offset` seconds ahead of UTC.
     struct Span {
         double start = 0;

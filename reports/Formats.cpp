@@ -60,7 +60,7 @@ std::unique_ptr<icu::MeasureFormat> measureFormat(UMeasureFormatWidth width) {
     return format;
 }
 
-// A formatter of dates, made once and told the zone when it is another than before.
+// A formatter of dates, made once. It is given what the zone's clocks show.
 class DateText {
 public:
     explicit DateText(icu::DateFormat* format) : m_format(format) {
@@ -74,6 +74,7 @@ public:
             require(status);
             m_format->adoptCalendar(rules.release());
         }
+        m_format->setTimeZone(*icu::TimeZone::getGMT());
     }
     static DateText pattern(const char16_t* pattern) {
         UErrorCode status = U_ZERO_ERROR;
@@ -90,19 +91,14 @@ public:
         return DateText(format);
     }
 
-    QString of(Date date, const Calendar& calendar) {
-        if (m_zone != calendar.zoneName()) {
-            m_zone = calendar.zoneName();
-            m_format->adoptTimeZone(icu::TimeZone::createTimeZone(toIcu(m_zone)));
-        }
+    QString of(Date date, const Calendar& calendar) const {
         icu::UnicodeString text;
-        m_format->format(date.unixSeconds() * millisecondsPerSecond, text);
+        m_format->format(calendar.wallClock(date).unixSeconds() * millisecondsPerSecond, text);
         return fromIcu(text);
     }
 
 private:
     std::unique_ptr<icu::DateFormat> m_format;
-    QString m_zone;
 };
 
 } // namespace
@@ -187,62 +183,62 @@ QString totalPracticeTimeTextWithDays(const QList<HistoryEvent>& events) {
 }
 
 QString dayTitle(Date date, const Calendar& calendar) {
-    static DateText text = DateText::pattern(u"MM/dd/YY");
+    static const DateText text = DateText::pattern(u"MM/dd/YY");
     return text.of(date, calendar);
 }
 
 QString monthTitle(Date date, const Calendar& calendar) {
-    static DateText text = DateText::pattern(u"MMM YYYY");
+    static const DateText text = DateText::pattern(u"MMM YYYY");
     return text.of(date, calendar);
 }
 
 QString longDayTitle(Date date, const Calendar& calendar) {
-    static DateText text = DateText::pattern(u"MMM dd YYYY");
+    static const DateText text = DateText::pattern(u"MMM dd YYYY");
     return text.of(date, calendar);
 }
 
 QString shortDate(Date date, const Calendar& calendar) {
-    static DateText text{icu::DateFormat::createDateInstance(icu::DateFormat::kShort, icu::Locale::getDefault())};
+    static const DateText text{icu::DateFormat::createDateInstance(icu::DateFormat::kShort, icu::Locale::getDefault())};
     return text.of(date, calendar);
 }
 
 QString spokenDay(Date date, const Calendar& calendar) {
-    static DateText text = DateText::skeleton(u"MMMMd");
+    static const DateText text = DateText::skeleton(u"MMMMd");
     return text.of(date, calendar);
 }
 
 QString fullDay(Date date, const Calendar& calendar) {
-    static DateText text = DateText::skeleton(u"yMMMMd");
+    static const DateText text = DateText::skeleton(u"yMMMMd");
     return text.of(date, calendar);
 }
 
 QString spokenMonth(Date date, const Calendar& calendar) {
-    static DateText text = DateText::skeleton(u"yMMMM");
+    static const DateText text = DateText::skeleton(u"yMMMM");
     return text.of(date, calendar);
 }
 
 QString weekdayMark(Date date, const Calendar& calendar) {
-    static DateText text = DateText::skeleton(u"ccc");
+    static const DateText text = DateText::skeleton(u"ccc");
     return text.of(date, calendar);
 }
 
 QString dayMark(Date date, const Calendar& calendar) {
-    static DateText text = DateText::skeleton(u"MMMd");
+    static const DateText text = DateText::skeleton(u"MMMd");
     return text.of(date, calendar);
 }
 
 QString narrowMonthMark(Date date, const Calendar& calendar) {
-    static DateText text = DateText::skeleton(u"LLLLL");
+    static const DateText text = DateText::skeleton(u"LLLLL");
     return text.of(date, calendar);
 }
 
 QString monthMark(Date date, const Calendar& calendar) {
-    static DateText text = DateText::skeleton(u"yyMMM");
+    static const DateText text = DateText::skeleton(u"yyMMM");
     return text.of(date, calendar);
 }
 
 QString yearMark(Date date, const Calendar& calendar) {
-    static DateText text = DateText::skeleton(u"y");
+    static const DateText text = DateText::skeleton(u"y");
     return text.of(date, calendar);
 }
 

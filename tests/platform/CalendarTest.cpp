@@ -64,6 +64,9 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"offset changed for good, half an hour back", "Asia/Pyongyang", 1439600000, 1439566200, 1439652600,
              1438354800},
         Case{"offset changed for good in the night", "America/Caracas", 1462095000, 1462077000, 1462161600, 1462077000},
+        Case{"daylight saving given up lately", "America/Mexico_City", 1784093400, 1784008800, 1784095200, 1782885600},
+        Case{"daylight saving taken up again lately", "Africa/Cairo", 1784064600, 1784062800, 1784149200, 1782853200},
+        Case{"offset changed for good lately", "Asia/Almaty", 1768415400, 1768330800, 1768417200, 1767207600},
         Case{"offset with seconds", "Africa/Monrovia", 63590000, 63506670, 63593070, 63074670},
         Case{"first 44 minutes and 30 seconds of a day skipped", "Africa/Monrovia", 63593070, 63593070, 63676800,
              63074670},
@@ -73,6 +76,8 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"the year 1", "UTC", -62130000000, -62130067200, -62129980800, -62130499200},
         Case{"rules that last, north", "America/New_York", 16742000000, 16741915200, 16742001600, 16740878400},
         Case{"rules that last, south", "Australia/Sydney", 16750000000, 16749982800, 16750069200, 16748776800},
+        Case{"beyond what the database lists", "Europe/Berlin", 2382561000, 2382559200, 2382645600, 2382472800},
+        Case{"beyond the table", "Europe/Berlin", 2855946600, 2855944800, 2856031200, 2855858400},
         Case{"just beyond the century", "Europe/Berlin", 4120000000, 4119976800, 4120063200, 4118076000},
         Case{"the year 33658", "America/New_York", 1000000000000, 999999921600, 1000000008000, 999997761600}),
     [](const auto& instance) {

@@ -70,6 +70,7 @@ TEST_F(FormatsTest, TotalsOfPracticeTime) {
 TEST_F(FormatsTest, TitlesHaveTheYearOfTheirWeek) {
     const Calendar utc(QStringLiteral("UTC"));
     const Calendar tokyo(QStringLiteral("Asia/Tokyo"));
+    const Calendar mexico(QStringLiteral("America/Mexico_City"));
     struct Case {
         double moment;
         const Calendar& calendar;
@@ -85,6 +86,8 @@ TEST_F(FormatsTest, TitlesHaveTheYearOfTheirWeek) {
          {Case{1710417600, utc, "03/14/24", "Mar 2024", "Mar 14 2024", "3/14/24", "March 14, 2024"},
           Case{1710432000, utc, "03/14/24", "Mar 2024", "Mar 14 2024", "3/14/24", "March 14, 2024"},
           Case{1710432000, tokyo, "03/15/24", "Mar 2024", "Mar 15 2024", "3/15/24", "March 15, 2024"},
+          Case{1784093400, mexico, "07/14/26", "Jul 2026", "Jul 14 2026", "7/14/26",
+               "July 14, 2026"}, // from Python's zoneinfo
           Case{1735646400, utc, "12/31/25", "Dec 2025", "Dec 31 2025", "12/31/24", "December 31, 2024"},
           Case{1640995200, utc, "01/01/22", "Jan 2022", "Jan 01 2022", "1/1/22", "January 1, 2022"},
           Case{-62130000000, utc, "03/06/01", "Mar 0001", "Mar 06 0001", "3/6/01", "March 6, 1"}}) {
