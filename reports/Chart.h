@@ -43,7 +43,7 @@ public:
     double width = 0;
     double foot = 0;
     double height = 0;
-    int colorIndex = 0; // ItemColors
+    int colorIndex = 0; // ItemColors, with its tone
     bool isTop = false; // the last of its bar
 };
 
@@ -68,7 +68,7 @@ struct ChartLegendEntry {
 
 public:
     QString name;
-    int colorIndex = 0;
+    int colorIndex = 0; // ItemColors, with its tone
 };
 
 struct ChartContent {

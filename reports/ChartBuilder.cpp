@@ -93,8 +93,12 @@ std::size_t coloredItems(const Stacks& stacks) {
 
 QList<ChartLegendEntry> legendOf(const Stacks& stacks, ItemColors& colors) {
     QList<ChartLegendEntry> legend;
-    for (std::size_t i = 0; i < coloredItems(stacks); ++i)
-        legend += {stacks.items[i], colors.colorIndex(stacks.items[i])};
+    std::array<int, ItemColors::paletteSize> uses{};
+    for (std::size_t i = 0; i < coloredItems(stacks); ++i) {
+        const int color = colors.colorIndex(stacks.items[i]);
+        const int tone = uses[static_cast<std::size_t>(color)]++ % ItemColors::tones;
+        legend += {stacks.items[i], color + tone * ItemColors::paletteSize};
+    }
     if (coloredItems(stacks) < stacks.items.size())
         legend += {QStringLiteral("Other items"), ItemColors::shared};
     return legend;
@@ -103,7 +107,7 @@ QList<ChartLegendEntry> legendOf(const Stacks& stacks, ItemColors& colors) {
 void addSegments(QList<ChartSegment>& segments, const ChartBar& bar, const std::vector<ItemMinutes>& parts, double top,
                  const QList<ChartLegendEntry>& legend) {
     double foot = 0;
-    int colorBelow = ItemColors::paletteSize;
+    int colorBelow = 0;
     for (const ItemMinutes& part : parts) {
         const auto entry = std::min(static_cast<qsizetype>(part.item), legend.size() - 1);
         const int color = legend.at(entry).colorIndex;

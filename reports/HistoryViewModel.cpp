@@ -37,6 +37,20 @@ void HistoryViewModel::setTimeRange(TimeRange timeRange) {
     reload();
 }
 
+void HistoryViewModel::onAppear() {
+    if (m_madeOn && m_platform.calendar.dayNumber(m_platform.clock.now()) != *m_madeOn)
+        reload();
+}
+
+template <class T>
+T& HistoryViewModel::present(Made<T>& made) {
+    if (!made.current) {
+        made.current = std::make_unique<T>(m_singletons.history, m_timeRange, m_platform, m_colors);
+        m_madeOn = m_platform.calendar.dayNumber(m_platform.clock.now());
+    }
+    return *made.current;
+}
+
 void HistoryViewModel::reload() {
     m_practiceTime.expire();
     m_topExercises.expire();
@@ -44,19 +58,11 @@ void HistoryViewModel::reload() {
 }
 
 PracticeTimeOverviewViewModel* HistoryViewModel::practiceTimeOverview() {
-    if (!m_practiceTime.current) {
-        m_practiceTime.current =
-            std::make_unique<PracticeTimeOverviewViewModel>(m_singletons.history, m_timeRange, m_platform, m_colors);
-    }
-    return m_practiceTime.current.get();
+    return &present(m_practiceTime);
 }
 
 TopExercisesOverviewViewModel* HistoryViewModel::topExercisesOverview() {
-    if (!m_topExercises.current) {
-        m_topExercises.current =
-            std::make_unique<TopExercisesOverviewViewModel>(m_singletons.history, m_timeRange, m_platform, m_colors);
-    }
-    return m_topExercises.current.get();
+    return &present(m_topExercises);
 }
 
 void HistoryViewModel::selectTimeRange(int option) {
@@ -74,17 +80,19 @@ void HistoryViewModel::openTopExercises() {
 }
 
 void HistoryViewModel::openBar(int bar) {
-    const History& history = m_singletons.history;
-    const auto openIn = [&](const auto& buckets) {
-        // The newest is first in the list and last in the chart.
-        const qsizetype bucket = practiceTimeOverview()->chart()->bars().size() - 1 - bar;
-        if (bar >= 0 && bucket >= 0 && bucket < buckets.size())
-            Q_EMIT barDestinationRequested({buckets.at(bucket)});
-    };
+    PracticeTimeOverviewViewModel& overview = *practiceTimeOverview();
+    // The newest is first in the list and last in the chart.
+    const qsizetype report = overview.chart()->bars().size() - 1 - bar;
+    if (bar < 0 || report < 0)
+        return;
+    // That of the bar as it is shown, also when midnight has passed since.
+    const Date date = overview.sessionsReports().at(report).date;
+    const QList<HistoryEvent>& events = m_singletons.history.events();
+    const Calendar& calendar = m_platform.calendar;
     if (isInMonths(m_timeRange))
-        openIn(history.eventsByMonth(monthsPerYear, m_timeRange == TimeRange::allMonths));
+        Q_EMIT barDestinationRequested({eventsOfMonth(events, calendar.monthNumber(date), calendar)});
     else
-        openIn(history.eventsByDay(static_cast<int>(m_timeRange)));
+        Q_EMIT barDestinationRequested({eventsOfDay(events, calendar.dayNumber(date), calendar)});
 }
 
 } // namespace tamsel

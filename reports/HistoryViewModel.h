@@ -17,6 +17,7 @@
 #include <QtQml/qqmlregistration.h>
 
 #include <memory>
+#include <optional>
 
 namespace tamsel {
 
@@ -54,8 +55,8 @@ public:
     ShareFeature& shareFeature() { return m_shareFeature; }
     Q_INVOKABLE void share() { m_shareFeature.share(); }
 
-    // Each time the screen appears: midnight may have passed since it was last looked at.
-    Q_INVOKABLE void onAppear() { reload(); }
+    // Each time the screen comes to be looked at: midnight may have passed since.
+    Q_INVOKABLE void onAppear();
     Q_INVOKABLE void selectTimeRange(int option);
     Q_INVOKABLE void openPracticeTime();
     Q_INVOKABLE void openTopExercises();
@@ -78,6 +79,9 @@ private:
     };
 
     void reload();
+    // Made when first asked for.
+    template <class T>
+    T& present(Made<T>& made);
 
     Singletons& m_singletons;
     const Platform m_platform;
@@ -86,6 +90,7 @@ private:
     TimeRange m_timeRange;
     Made<PracticeTimeOverviewViewModel> m_practiceTime;
     Made<TopExercisesOverviewViewModel> m_topExercises;
+    std::optional<int> m_madeOn; // the number of the day
     bool m_willReload = false;
     std::shared_ptr<HistoryViewModel*> m_self = std::make_shared<HistoryViewModel*>(this);
     Observable::Subscription m_subscription;

@@ -16,6 +16,9 @@ public:
     static constexpr int paletteSize = 12;
     // The colour of what several items share.
     static constexpr int shared = -1;
+    // Where two items of one chart have the same colour, the less practised one has a second tone of it, whose number
+    // is higher by the palette's size.
+    static constexpr int tones = 2;
 
     explicit ItemColors(History& history);
 

@@ -7,8 +7,7 @@
 #include "reports/NameIndex.h"
 
 #include <algorithm>
-#include <array>
-#include <utility>
+#include <iterator>
 #include <vector>
 
 namespace tamsel {
@@ -21,6 +20,16 @@ ChartData::SessionsReport sessionsReport(Date date, const QList<HistoryEvent>& e
     for (const HistoryEvent& event : events)
         report.sessions.emplaceBack(event.exerciseName, event.practiceTime);
     return report;
+}
+
+// From the first of these numbered days up to, not including, the end.
+QList<HistoryEvent> eventsFrom(const QList<HistoryEvent>& events, int firstDay, int endDay, const Calendar& calendar) {
+    QList<HistoryEvent> found;
+    std::ranges::copy_if(events, std::back_inserter(found), [&](const HistoryEvent& event) {
+        const int day = calendar.dayNumber(event.date);
+        return day >= firstDay && day < endDay;
+    });
+    return found;
 }
 
 } // namespace
@@ -46,6 +55,15 @@ QList<ChartData::SessionsReport> sessionsReports(const History& history, TimeRan
     if (isInMonths(range))
         return sessionsReports(history.eventsByMonth(monthsPerYear, range == TimeRange::allMonths, exercise), uuids);
     return sessionsReports(history.eventsByDay(static_cast<int>(range), exercise), uuids);
+}
+
+DayOfEvents eventsOfDay(const QList<HistoryEvent>& events, int dayNumber, const Calendar& calendar) {
+    return {calendar.startOfDay(dayNumber), eventsFrom(events, dayNumber, dayNumber + 1, calendar)};
+}
+
+MonthOfEvents eventsOfMonth(const QList<HistoryEvent>& events, int monthNumber, const Calendar& calendar) {
+    return {calendar.startOfMonth(monthNumber), eventsFrom(events, Calendar::firstDayOfMonth(monthNumber),
+                                                           Calendar::firstDayOfMonth(monthNumber + 1), calendar)};
 }
 
 qint64 totalMinutes(const QList<ChartData::SessionsReport>& reports) {

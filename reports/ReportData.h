@@ -24,6 +24,10 @@ QList<ChartData::SessionsReport> sessionsReports(const QList<MonthOfEvents>& mon
 QList<ChartData::SessionsReport> sessionsReports(const History& history, TimeRange range,
                                                  const std::optional<Exercise>& exercise, UuidSource& uuids);
 
+// One numbered day or month, with its events in the order given.
+DayOfEvents eventsOfDay(const QList<HistoryEvent>& events, int dayNumber, const Calendar& calendar);
+MonthOfEvents eventsOfMonth(const QList<HistoryEvent>& events, int monthNumber, const Calendar& calendar);
+
 // An overflow stops the program.
 qint64 totalMinutes(const QList<ChartData::SessionsReport>& reports);
 

@@ -46,7 +46,7 @@ public:
     // What to read where there is no ranking; empty where there is one.
     QString explanation() const;
     // Of the button below the explanation.
-    QString rankingText() const { return QStringLiteral("See the full ranking"); }
+    QString rankingText() const { return QStringLiteral("Full ranking"); }
     QString valueTitle() const { return QStringLiteral("Minutes"); }
     QString nameTitle() const { return QStringLiteral("Name"); }
 

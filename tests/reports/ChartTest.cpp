@@ -135,6 +135,19 @@ TEST_F(ChartTest, AnItemKeepsItsColorAndTheLeastPracticedShareOne) {
     EXPECT_EQ(chart(TimeRange::last30Days).legend.first().name, QStringLiteral("New"));
 }
 
+TEST_F(ChartTest, ItemsOfOneColorHaveTonesOfItsInOneChart) {
+    for (int i = 0; i <= ItemColors::paletteSize; ++i)
+        journal.add(i % ItemColors::paletteSize == 0 ? 60 : 20 * day,
+                    QStringLiteral("Item %1").arg(i).toUtf8().constData(), 10 + i);
+    ASSERT_EQ(colors.colorIndex(QStringLiteral("Item 0")), colors.colorIndex(QStringLiteral("Item 12")));
+    const QList<ChartLegendEntry> legend = chart(TimeRange::last7Days).legend;
+    ASSERT_EQ(legend.size(), 2);
+    EXPECT_EQ(legend.first().name, QStringLiteral("Item 12"));
+    EXPECT_EQ(legend.first().colorIndex, colors.colorIndex(QStringLiteral("Item 12")))
+        << "the most practised has its own";
+    EXPECT_EQ(legend.last().colorIndex, legend.first().colorIndex + ItemColors::paletteSize);
+}
+
 TEST_F(ChartTest, AJournalFromTheMiddleAgesStillHasBarsForOneScreen) {
     journal.addAt(Date::fromUnixSeconds(-21142000000), "A", 10);
     const ChartContent content = chart(TimeRange::allMonths);

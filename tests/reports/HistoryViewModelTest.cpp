@@ -151,9 +151,15 @@ TEST_F(HistoryViewModelTest, MidnightIsNoticedWhenTheScreenAppears) {
     ASSERT_EQ(history().practiceTimeOverview()->chart()->bars().last().spokenText,
               QStringLiteral("March 14: 10 minutes"));
     journal.clock.advance(std::chrono::hours(24));
+    history().openBar(6);
+    EXPECT_EQ(top<PracticeDayBreakdownViewModel>().title(), QStringLiteral("March 14, 2024"))
+        << "what the bar still stands for";
     history().onAppear();
     EXPECT_EQ(history().practiceTimeOverview()->chart()->bars().last().spokenText,
               QStringLiteral("March 15: 0 minutes"));
+    const auto* const made = history().practiceTimeOverview();
+    history().onAppear();
+    EXPECT_EQ(history().practiceTimeOverview(), made) << "nothing has changed since";
 }
 
 TEST_F(HistoryViewModelTest, FiveLeadTheOverviewAndAllAreInTheDetail) {
@@ -238,6 +244,7 @@ TEST_F(HistoryViewModelTest, AMonthOfOneItemIsAListOfItsDays) {
         return MonthReportViewModel({Date::fromUnixSeconds(1709251200), events}, journal.history(), journal.platform);
     };
     EXPECT_TRUE(std::get<MonthReportViewModel::SingleExercise>(month({}).mode()).rows.isEmpty());
+    EXPECT_TRUE(console.lines().contains(QStringLiteral("MonthReportViewModel.init")));
     journal.add(2 * day, "Scales", 5);
     journal.add(60, "Scales", 10);
     journal.add(3600, "Scales", 50);

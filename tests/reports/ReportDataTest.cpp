@@ -103,6 +103,20 @@ TEST_F(ReportDataTest, TheLastMonthsAreFoundFromThe31st) {
     EXPECT_EQ(months[1].events.size(), 1);
 }
 
+TEST_F(ReportDataTest, OneDayOrMonthHoldsWhatTheListsHold) {
+    // Ten weeks around the end of daylight saving in a zone whose clocks go back at midnight.
+    moveTo("America/Santiago", 1714521600);
+    QList<HistoryEvent> events;
+    for (int hour = 0; hour < 70 * 24; ++hour)
+        events += HistoryEvent::make(journal.clock.now() - 3600.0 * hour, QStringLiteral("A"), 1, journal.uuids);
+    journal.history().setEvents(events);
+    const History& history = journal.history();
+    for (const DayOfEvents& each : history.eventsByDay(30))
+        EXPECT_EQ(eventsOfDay(history.events(), journal.calendar.dayNumber(each.day), journal.calendar), each);
+    for (const MonthOfEvents& each : history.eventsByMonth(0, true))
+        EXPECT_EQ(eventsOfMonth(history.events(), journal.calendar.monthNumber(each.month), journal.calendar), each);
+}
+
 TEST_F(ReportDataTest, AllMonthsAreOfferedOnceTheJournalIsOlderThanAYear) {
     const auto offered = [this] {
         return rangesToOffer(journal.history(), journal.clock.now(), journal.calendar).contains(TimeRange::allMonths);

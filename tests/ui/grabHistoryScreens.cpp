@@ -14,8 +14,12 @@ namespace tamsel::test {
 namespace {
 
 void fill(UiWorld& ui, int years) {
-    const QList<HistoryEvent> events =
-        PracticeYears{years}.events(ui.world.clock.now(), ui.world.calendar, ui.world.uuids);
+    QList<HistoryEvent> events = PracticeYears{years}.events(ui.world.clock.now(), ui.world.calendar, ui.world.uuids);
+    // Every kind of thumbs, on whichever day is looked at.
+    for (qsizetype i = 0; i < events.size(); ++i) {
+        events[i].thumbsUp = i % 3 == 2 ? 0 : 12;
+        events[i].thumbsDown = i % 3 == 1 ? 3 : 0;
+    }
     ui.world.singletons->history.setEvents(events);
 }
 

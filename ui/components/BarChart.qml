@@ -130,7 +130,7 @@ FocusScope {
                     width: Math.max(Theme.hairline, Math.round(modelData.width * plot.width))
                     height: Math.max(Theme.hairline, lower - upper) + corner
                     radius: corner
-                    color: modelData.colorIndex < 0 ? Theme.chartShared : Theme.chartColors[modelData.colorIndex]
+                    color: Theme.chartColor(modelData.colorIndex)
                 }
             }
         }

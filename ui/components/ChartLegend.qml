@@ -29,7 +29,7 @@ Flow {
                 width: Theme.chartDot
                 height: width
                 radius: Theme.chartCorner
-                color: entry.modelData.colorIndex < 0 ? Theme.chartShared : Theme.chartColors[entry.modelData.colorIndex]
+                color: Theme.chartColor(entry.modelData.colorIndex)
             }
 
             TextLabel {

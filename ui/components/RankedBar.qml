@@ -37,7 +37,7 @@ BaseButton {
             anchors.right: amount.left
             anchors.rightMargin: Theme.spacing
             wrapMode: Text.Wrap
-            maximumLineCount: 3
+            maximumLineCount: 6
             text: row.item.name
             Accessible.ignored: true
         }
@@ -60,6 +60,6 @@ BaseButton {
         width: Math.max(Theme.chartDot, Math.round(row.item.share * words.width))
         height: Theme.chartDot
         radius: height / 2
-        color: Theme.chartColors[row.item.colorIndex]
+        color: Theme.chartColor(row.item.colorIndex)
     }
 }

@@ -68,7 +68,7 @@ T.ItemDelegate {
         anchors.verticalCenter: parent.verticalCenter
         // Large text would leave only a few letters of a name on one line.
         wrapMode: Text.Wrap
-        maximumLineCount: 3
+        maximumLineCount: 6
         kind: row.line.isHeading ? TextLabel.Strong : TextLabel.Body
         text: row.text
         Accessible.ignored: true

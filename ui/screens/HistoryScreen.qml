@@ -20,12 +20,16 @@ FocusScope {
     readonly property int columnWidth: beside ? Math.floor((width - 2 * margin - Theme.largeSpacing) / 2)
                                               : width - 2 * margin
 
+    // A window that stayed open over night is looked at again when it comes to the front.
+    readonly property bool inFront: Window.active
+
     function appear() {
         if (visible)
             history.onAppear();
     }
 
     onVisibleChanged: appear()
+    onInFrontChanged: appear()
     Component.onCompleted: appear()
 
     Keys.onDownPressed: scroller.scroll(Theme.touchTarget)
@@ -76,18 +80,9 @@ FocusScope {
     Flickable {
         id: scroller
 
-        // Something in it that has the keyboard is brought into sight.
-        function show(item: Item) {
-            const top = item.mapToItem(contentItem, 0, 0).y;
-            contentY = Math.max(0, Math.min(Math.max(contentY, top + item.height + Theme.largeSpacing - height),
-                                            top - Theme.largeSpacing));
-        }
-
         function scroll(way: int) {
             contentY = Math.max(0, Math.min(Math.max(0, contentHeight - height), contentY + way));
         }
-
-        readonly property Item focused: screen.Window.activeFocusItem
 
         objectName: "history_page"
         anchors.top: title.bottom
@@ -99,11 +94,8 @@ FocusScope {
         boundsBehavior: Flickable.StopAtBounds
         clip: true
 
-        onFocusedChanged: {
-            for (let each = focused; each !== null; each = each.parent) {
-                if (each === page)
-                    show(focused);
-            }
+        FocusFollower {
+            scroller: scroller
         }
 
         Column {

@@ -36,14 +36,6 @@ FocusScope {
     Flickable {
         id: scroller
 
-        readonly property Item focused: screen.Window.activeFocusItem
-
-        function show(item: Item) {
-            const top = item.mapToItem(contentItem, 0, 0).y;
-            contentY = Math.max(0, Math.min(Math.max(contentY, top + item.height + Theme.largeSpacing - height),
-                                            top - Theme.largeSpacing));
-        }
-
         function scroll(way: int) {
             contentY = Math.max(0, Math.min(Math.max(0, contentHeight - height), contentY + way));
         }
@@ -56,11 +48,8 @@ FocusScope {
         boundsBehavior: Flickable.StopAtBounds
         clip: true
 
-        onFocusedChanged: {
-            for (let each = focused; each !== null; each = each.parent) {
-                if (each === page)
-                    show(focused);
-            }
+        FocusFollower {
+            scroller: scroller
         }
 
         Column {

@@ -49,6 +49,7 @@ QtObject {
         : ["#4a55c9", "#c8641f", "#2f8a58", "#b3478f", "#1b8a99", "#c8574b",
            "#8f7210", "#2a77bb", "#7b4fc0", "#62802a", "#8d5a3b", "#56688a"]
     readonly property color chartShared: dark ? "#707b91" : "#7c879c"
+    readonly property real secondTone: dark ? 1.45 : 1.8
 
     readonly property real disabledOpacity: 0.45
 
@@ -123,6 +124,14 @@ QtObject {
     // The two shadows of a surface, as the picture provider reads them: of the usual ground, and inside a pressed accent.
     readonly property string shadowColors: hex(shadow) + "/" + hex(light) + "/" + devicePixelRatio
     readonly property string pressedAccentShadowColors: "80161b52/40ffffff/" + devicePixelRatio
+
+    // Of an index of ItemColors: a colour, its second tone, or what items share.
+    function chartColor(index: int): color {
+        if (index < 0)
+            return chartShared;
+        const color = chartColors[index % chartColors.length];
+        return index < chartColors.length ? color : Qt.darker(color, secondTone);
+    }
 
     function scaled(size: int): int {
         return Math.round(size * theme.textScale);
