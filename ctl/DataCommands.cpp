@@ -57,7 +57,7 @@ QString settingsFile() {
 
 // The stored values as they are on the disk, also while the app runs; none where there is no data yet.
 UserData::Values presentValues() {
-    if (!QFile::exists(settingsFile()))
+    if (QFileInfo(settingsFile()).size() == 0)
         return {};
     SettingsFile file;
     UserData::Values values;

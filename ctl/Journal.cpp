@@ -7,7 +7,6 @@
 #include "model/SqliteSettingsStore.h"
 #include "model/StoredDocument.h"
 #include "platform/Log.h"
-#include "reports/TimeRange.h"
 
 #include <QDate>
 #include <QFileInfo>
@@ -16,13 +15,28 @@
 
 namespace tamsel::ctl {
 
+namespace {
+
+ExitCode tell(const Answer& answer) {
+    if (answer.code != exitDone)
+        return fail(answer.code, answer.text);
+    const QByteArray text = answer.text.toUtf8();
+    const auto size = static_cast<std::size_t>(text.size());
+    if (std::fwrite(text.constData(), 1, size, stdout) != size || std::fflush(stdout) != 0)
+        return fail(exitRefused, QStringLiteral("cannot write to standard output: %1").arg(qt_error_string()));
+    return exitDone;
+}
+
+} // namespace
+
 Journal::Opened Journal::open(const QString& path) {
     // The stores tell the console what they do, which nobody who asks for a report has asked for.
     static std::FILE* const nowhere = std::fopen("/dev/null", "w");
     setLogStream(nowhere);
     std::unique_ptr<Journal> journal(new Journal);
     QMap<QString, SettingsValue> values;
-    if (QFileInfo::exists(path)) {
+    // To open a file that is still empty would make a settings file of it.
+    if (QFileInfo(path).size() > 0) {
         SettingsFile file;
         if (!file.open(path, SettingsFile::OnClose::leaveLog) || !file.readAll(values))
             return {nullptr, QStringLiteral("cannot read %1: %2").arg(path, file.error())};
@@ -40,17 +54,24 @@ Journal::Opened Journal::open(const QString& path) {
     return {std::move(journal), {}};
 }
 
-ExitCode tellFromJournal(const QStringList& arguments,
-                         Answer (*answer)(const QStringList& arguments, Singletons& singletons,
-                                          const Platform& platform)) {
-    const auto opened = Journal::open(SqliteSettingsStore::filePath(standardDataFolder()));
-    if (!opened.journal)
-        return fail(exitRefused, opened.failure);
-    const Answer given = answer(arguments, opened.journal->singletons(), opened.journal->platform());
-    if (given.code != exitDone)
-        return fail(given.code, given.text);
-    std::fputs(given.text.toUtf8().constData(), stdout);
-    return exitDone;
+Answer answer(Understand understand, const QStringList& arguments, Singletons& singletons, const Platform& platform) {
+    try {
+        return {exitDone, understand(arguments)(singletons, platform)};
+    } catch (const Answer& early) {
+        return early;
+    }
+}
+
+ExitCode tellFromJournal(Understand understand, const QStringList& arguments) {
+    try {
+        const Show show = understand(arguments);
+        const auto opened = Journal::open(SqliteSettingsStore::filePath(standardDataFolder()));
+        if (!opened.journal)
+            return fail(exitRefused, opened.failure);
+        return tell({exitDone, show(opened.journal->singletons(), opened.journal->platform())});
+    } catch (const Answer& early) {
+        return tell(early);
+    }
 }
 
 QString calendarDate(int dayNumber, bool withDay) {
@@ -58,13 +79,6 @@ QString calendarDate(int dayNumber, bool withDay) {
     const QString month =
         QStringLiteral("%1-%2").arg(date.year(), 4, 10, QLatin1Char('0')).arg(date.month(), 2, 10, QLatin1Char('0'));
     return withDay ? QStringLiteral("%1-%2").arg(month).arg(date.day(), 2, 10, QLatin1Char('0')) : month;
-}
-
-QStringList timeRangeNames() {
-    QStringList names;
-    for (const TimeRange range : everyTimeRange())
-        names += caseName(range);
-    return names;
 }
 
 } // namespace tamsel::ctl

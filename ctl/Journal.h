@@ -10,6 +10,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -50,15 +51,17 @@ private:
     std::optional<Singletons> m_singletons;
 };
 
-// Answers from the user's data and tells what came of it.
-ExitCode tellFromJournal(const QStringList& arguments,
-                         Answer (*answer)(const QStringList& arguments, Singletons& singletons,
-                                          const Platform& platform));
+// What a command shows of the data, once its words are understood.
+using Show = std::function<QString(Singletons& singletons, const Platform& platform)>;
+
+// What these arguments ask for. Throws the `Answer` where they are wrong or ask for help: that takes no data.
+using Understand = Show (*)(const QStringList& arguments);
+
+// The answer from these stores, and from the user's data, told.
+Answer answer(Understand understand, const QStringList& arguments, Singletons& singletons, const Platform& platform);
+ExitCode tellFromJournal(Understand understand, const QStringList& arguments);
 
 // A numbered day as YYYY-MM-DD, or its month as YYYY-MM.
 QString calendarDate(int dayNumber, bool withDay);
-
-// The ranges by their names in commands: "last7Days" and so on.
-QStringList timeRangeNames();
 
 } // namespace tamsel::ctl

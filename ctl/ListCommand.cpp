@@ -2,23 +2,16 @@
 
 #include "ctl/Journal.h"
 #include "ctl/JsonText.h"
+#include "ctl/Words.h"
 #include "list/PracticeListViewModel.h"
 #include "platform/FatalError.h"
 #include "reports/Formats.h"
-#include "reports/TimeRange.h"
-
-#include <QCommandLineParser>
 
 #include <optional>
 
 namespace tamsel::ctl {
 
 namespace {
-
-// Thrown where the words do not make sense.
-struct Misunderstood {
-    QString line;
-};
 
 std::optional<SortOrder> sortOrderOf(const QString& name) {
     if (name == QLatin1String("name"))
@@ -56,6 +49,12 @@ QStringList sessionLines(const PracticeListViewModel& list) {
 
 QString joined(const QStringList& lines) {
     return (lines.isEmpty() ? QStringLiteral("Nothing recorded.") : lines.join(QLatin1Char('\n'))) + QLatin1Char('\n');
+}
+
+QString logJson(const PracticeListViewModel& list) {
+    return json::object({{QStringLiteral("title"), json::value(list.dailyLogTitle())},
+                         {QStringLiteral("rows"), sessionRows(list)}}) +
+           QLatin1Char('\n');
 }
 
 QString isoDate(Date date, const Calendar& calendar) {
@@ -99,106 +98,50 @@ QString listText(const PracticeListViewModel& list) {
     return lines.isEmpty() ? QStringLiteral("No items.\n") : joined(lines);
 }
 
-// The words of one of the two commands.
-class Words {
-public:
-    Words(const QString& command, const QString& description) : m_command(command) {
-        m_parser.setApplicationDescription(description);
-        m_parser.addOptions({help, json});
-    }
-
-    void parse(const QStringList& arguments) {
-        if (!m_parser.parse(QStringList(m_command) + arguments))
-            throw Misunderstood{m_parser.errorText()};
-        if (!m_parser.positionalArguments().isEmpty())
-            throw Misunderstood{QStringLiteral("unexpected argument: %1; see %2 --help")
-                                    .arg(m_parser.positionalArguments().constFirst(), m_command)};
-    }
-    QCommandLineParser& parser() { return m_parser; }
-    bool isSet(const QCommandLineOption& option) const { return m_parser.isSet(option); }
-
-    const QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")};
-    const QCommandLineOption json{QStringLiteral("json"), QStringLiteral("Write JSON, for scripts.")};
-
-private:
-    const QString m_command;
-    QCommandLineParser m_parser;
-};
-
-QString log(const QStringList& arguments, Singletons& singletons, const Platform& platform) {
-    Words words(QStringLiteral("tamselctl log"), QStringLiteral("Shows what was practised today."));
-    words.parse(arguments);
-    if (words.isSet(words.help))
-        return words.parser().helpText();
-    const PracticeListViewModel list(singletons, platform);
-    if (!words.isSet(words.json))
-        return joined(sessionLines(list));
-    return json::object({{QStringLiteral("title"), json::value(list.dailyLogTitle())},
-                         {QStringLiteral("rows"), sessionRows(list)}}) +
-           QLatin1Char('\n');
-}
-
-QString list(const QStringList& arguments, Singletons& singletons, const Platform& platform) {
-    Words words(QStringLiteral("tamselctl list"), QStringLiteral("Shows the practice list."));
-    const QCommandLineOption search(QStringLiteral("search"), QStringLiteral("Only items whose name contains this."),
-                                    QStringLiteral("text"));
-    const QCommandLineOption sort(QStringLiteral("sort"),
-                                  QStringLiteral("name, practiceRecency or practiceTime; by default as in the app."),
-                                  QStringLiteral("order"));
-    const QCommandLineOption range(QStringLiteral("range"),
-                                   QStringLiteral("The time that counts, one of: %1; by default as in the app.")
-                                       .arg(timeRangeNames().join(QStringLiteral(", "))),
-                                   QStringLiteral("range"));
-    words.parser().addOptions({search, sort, range});
-    words.parse(arguments);
-    if (words.isSet(words.help))
-        return words.parser().helpText();
-    const auto order = sortOrderOf(words.parser().value(sort));
-    if (words.isSet(sort) && !order) {
-        throw Misunderstood{QStringLiteral("--sort %1: expected name, practiceRecency or practiceTime")
-                                .arg(words.parser().value(sort))};
-    }
-    const auto time = timeRangeFromCaseName(words.parser().value(range));
-    if (words.isSet(range) && !time) {
-        throw Misunderstood{QStringLiteral("--range %1: expected one of %2")
-                                .arg(words.parser().value(range), timeRangeNames().join(QStringLiteral(", ")))};
-    }
-
-    PracticeListViewModel list(singletons, platform);
-    if (order)
-        list.setSortOrder(*order);
-    if (time)
-        list.setSortOrderTimeRange(*time);
-    list.setSearchBarText(words.parser().value(search));
-    return words.isSet(words.json) ? listJson(list, platform.calendar) : listText(list);
-}
-
-using Shown = QString (*)(const QStringList&, Singletons&, const Platform&);
-
-Answer answerOf(Shown show, const QStringList& arguments, Singletons& singletons, const Platform& platform) {
-    try {
-        return {exitDone, show(arguments, singletons, platform)};
-    } catch (const Misunderstood& problem) {
-        return {exitUsage, problem.line};
-    }
-}
-
 } // namespace
 
-Answer logAnswer(const QStringList& arguments, Singletons& singletons, const Platform& platform) {
-    return answerOf(log, arguments, singletons, platform);
+Show askedLog(const QStringList& arguments) {
+    Words words(QStringLiteral("tamselctl log"), QStringLiteral("Shows what was practised today."));
+    words.parse(arguments);
+    words.expectAtMost(0);
+    return [asJson = words.asJson()](Singletons& singletons, const Platform& platform) {
+        const PracticeListViewModel list(singletons, platform);
+        return asJson ? logJson(list) : joined(sessionLines(list));
+    };
 }
 
-Answer listAnswer(const QStringList& arguments, Singletons& singletons, const Platform& platform) {
-    return answerOf(list, arguments, singletons, platform);
+Show askedList(const QStringList& arguments) {
+    const QString search = QStringLiteral("search");
+    const QString sort = QStringLiteral("sort");
+    const QString orders = QStringLiteral("name, practiceRecency or practiceTime");
+    Words words(QStringLiteral("tamselctl list"), QStringLiteral("Shows the practice list."),
+                {{search, QStringLiteral("Only items whose name contains this."), QStringLiteral("text")},
+                 {sort, QStringLiteral("%1; by default as in the app.").arg(orders), QStringLiteral("order")},
+                 Words::rangeOption(QStringLiteral("The time that counts, one of: %1; by default as in the app."))});
+    words.parse(arguments);
+    words.expectAtMost(0);
+    const auto orderName = words.value(sort);
+    const auto order = orderName ? sortOrderOf(*orderName) : std::nullopt;
+    if (orderName && !order)
+        throw Answer{exitUsage, QStringLiteral("--sort %1: expected %2").arg(*orderName, orders)};
+    return [order, range = words.range(), text = words.value(search).value_or(QString()),
+            asJson = words.asJson()](Singletons& singletons, const Platform& platform) {
+        PracticeListViewModel list(singletons, platform);
+        if (order)
+            list.setSortOrder(*order);
+        if (range)
+            list.setSortOrderTimeRange(*range);
+        list.setSearchBarText(text);
+        return asJson ? listJson(list, platform.calendar) : listText(list);
+    };
 }
 
 ExitCode showLog(const QStringList& arguments) {
-    return tellFromJournal(arguments, logAnswer);
+    return tellFromJournal(askedLog, arguments);
 }
 
 ExitCode showList(const QStringList& arguments) {
-    return tellFromJournal(arguments, listAnswer);
+    return tellFromJournal(askedList, arguments);
 }
 
 } // namespace tamsel::ctl

@@ -2,6 +2,8 @@
 
 #include "ctl/Journal.h"
 #include "ctl/JsonText.h"
+#include "ctl/Words.h"
+#include "model/EventCutoff.h"
 #include "reports/Formats.h"
 #include "reports/HistoryViewModel.h"
 #include "reports/MonthReportViewModel.h"
@@ -12,143 +14,42 @@
 #include "reports/TopExercisesDetailViewModel.h"
 #include "reports/TopExercisesOverviewViewModel.h"
 
-#include <QCommandLineParser>
 #include <QDate>
-#include <QRegularExpression>
 
 #include <algorithm>
-#include <array>
 #include <optional>
 
 namespace tamsel::ctl {
 
 namespace {
 
-constexpr int monthsPerYear = 12;
 constexpr int epochYear = 1970;
-
-// Thrown where the words do not make sense.
-struct Misunderstood {
-    QString line;
-};
 
 QString lines(const QStringList& texts) {
     return texts.isEmpty() ? QString() : texts.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
 
-// What the words ask for, and what it takes to answer.
-class Asked {
-public:
-    Asked(const QStringList& arguments, Singletons& singletons, const Platform& platform)
-        : m_singletons(singletons), m_platform(platform), m_colors(singletons.history) {
-        m_parser.setApplicationDescription(QStringLiteral("Shows what the history screens of Tamsel show."));
-        m_parser.addOptions({m_help, m_json, m_range, m_exercise});
-        m_parser.addPositionalArgument(QStringLiteral("REPORT"),
-                                       QStringLiteral("practice-time, top, month YYYY-MM, day YYYY-MM-DD or ranges"));
-        if (!m_parser.parse(QStringList(QStringLiteral("tamselctl report")) + arguments))
-            throw Misunderstood{m_parser.errorText()};
-        m_words = m_parser.positionalArguments();
-    }
+QString line(const QString& json) {
+    return json + QLatin1Char('\n');
+}
 
-    QString answer() {
-        if (m_parser.isSet(m_help))
-            return m_parser.helpText();
-        const QString report = m_words.value(0);
-        if (report == QLatin1String("practice-time"))
-            return practiceTime();
-        if (report == QLatin1String("top"))
-            return top();
-        if (report == QLatin1String("month"))
-            return month();
-        if (report == QLatin1String("day"))
-            return day();
-        if (report == QLatin1String("ranges"))
-            return ranges();
-        throw Misunderstood{QStringLiteral("%1: expected practice-time, top, month YYYY-MM, day YYYY-MM-DD or ranges")
-                                .arg(report.isEmpty() ? QStringLiteral("no report is named")
-                                                      : QStringLiteral("no such report as \"%1\"").arg(report))};
-    }
-
-private:
-    bool asJson() const { return m_parser.isSet(m_json); }
-    static QString line(const QString& json) { return json + QLatin1Char('\n'); }
-
-    void expectWords(qsizetype count) const {
-        if (m_words.size() > count)
-            throw Misunderstood{QStringLiteral("unexpected argument: %1").arg(m_words.at(count))};
-    }
-    void expectNone(const QCommandLineOption& option) const {
-        if (m_parser.isSet(option))
-            throw Misunderstood{
-                QStringLiteral("--%1 does not go with report %2").arg(option.names().first(), m_words.first())};
-    }
-
-    TimeRange range() const {
-        const QString name = m_parser.value(m_range);
-        const auto range = timeRangeFromCaseName(name);
-        if (!range) {
-            throw Misunderstood{
-                QStringLiteral("%1: expected one of %2")
-                    .arg(name.isEmpty() ? QStringLiteral("--range is missing") : QStringLiteral("--range %1").arg(name),
-                         timeRangeNames().join(QStringLiteral(", ")))};
-        }
-        return *range;
-    }
-
-    // The numbers of the date behind the report's name.
-    std::array<int, 3> numbers(const char* pattern, const QString& form) const {
-        expectWords(2);
-        const auto match = QRegularExpression(QLatin1String(pattern)).match(m_words.value(1));
-        const std::array numbers{match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt()};
-        const bool hasDay = match.lastCapturedIndex() == 3;
-        if (!match.hasMatch() || !QDate::isValid(numbers[0], numbers[1], hasDay ? numbers[2] : 1)) {
-            throw Misunderstood{
-                QStringLiteral("%1: expected %2")
-                    .arg(m_words.size() < 2 ? QStringLiteral("the %1 is missing").arg(m_words.first()) : m_words.at(1),
-                         form)};
-        }
-        return numbers;
-    }
-
-    QString practiceTime();
-    QString top();
-    QString month();
-    QString day();
-    QString ranges();
-
-    Singletons& m_singletons;
-    const Platform& m_platform;
-    ItemColors m_colors;
-    const QCommandLineOption m_help{{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")};
-    const QCommandLineOption m_json{QStringLiteral("json"), QStringLiteral("Write JSON, for scripts.")};
-    const QCommandLineOption m_range{QStringLiteral("range"),
-                                     QStringLiteral("One of: %1.").arg(timeRangeNames().join(QStringLiteral(", "))),
-                                     QStringLiteral("range")};
-    const QCommandLineOption m_exercise{QStringLiteral("exercise"), QStringLiteral("Only the practice of this item."),
-                                        QStringLiteral("name")};
-    QCommandLineParser m_parser;
-    QStringList m_words;
-};
-
-QString Asked::practiceTime() {
-    expectWords(1);
-    const TimeRange asked = range();
-    std::optional<Exercise> exercise;
-    if (m_parser.isSet(m_exercise))
-        exercise = Exercise{m_parser.value(m_exercise), QUuid()};
-    PracticeTimeDetailViewModel detail(m_singletons, exercise, asked, m_platform, m_colors);
+QString practiceTime(TimeRange range, const std::optional<Exercise>& exercise, bool asJson, Singletons& singletons,
+                     const Platform& platform) {
+    ItemColors colors(singletons.history);
+    PracticeTimeDetailViewModel detail(singletons, exercise, range, platform, colors);
     const auto reports = detail.sessionsReports();
     const PracticeDayCounts& counts = detail.countsOfPracticeDays();
-    const QString subtitle = PracticeTimeOverviewViewModel::subtitle(asked);
+    const QString subtitle = PracticeTimeOverviewViewModel::subtitle(range);
     const QString total = PracticeTimeOverviewViewModel::total(reports);
     const double average = averageMinutes(reports);
     const QList<ReportRow> rows = detail.rows();
-    if (!asJson()) {
+    if (!asJson) {
         QStringList texts{QStringLiteral("%1 %2").arg(subtitle, total), QString()};
         for (const ReportRow& row : rows)
             texts += row.title;
-        texts += {QString(),
-                  QStringLiteral("Days with practice: %1 in 7 days, %2 in 30 days, %3 in 365 days, %4 in all")
+        if (!rows.isEmpty())
+            texts += QString();
+        texts += {QStringLiteral("Days with practice: %1 in 7 days, %2 in 30 days, %3 in 365 days, %4 in all")
                       .arg(counts.days7)
                       .arg(counts.days30)
                       .arg(counts.days365)
@@ -158,13 +59,13 @@ QString Asked::practiceTime() {
     }
     QStringList rowTexts;
     for (qsizetype i = 0; i < rows.size(); ++i) {
-        const int dayNumber = m_platform.calendar.dayNumber(reports.at(i).date);
-        rowTexts += json::object({{QStringLiteral("date"), json::value(calendarDate(dayNumber, !isInMonths(asked)))},
+        const int dayNumber = platform.calendar.dayNumber(reports.at(i).date);
+        rowTexts += json::object({{QStringLiteral("date"), json::value(calendarDate(dayNumber, !isInMonths(range)))},
                                   {QStringLiteral("title"), json::value(rows.at(i).title)},
                                   {QStringLiteral("minutes"), json::value(totalMinutes({reports.at(i)}))}});
     }
     return line(json::object(
-        {{QStringLiteral("range"), json::value(caseName(asked))},
+        {{QStringLiteral("range"), json::value(caseName(range))},
          {QStringLiteral("subtitle"), json::value(subtitle)},
          {QStringLiteral("total"), json::value(total)},
          {QStringLiteral("totalMinutes"), json::value(totalMinutes(reports))},
@@ -176,13 +77,11 @@ QString Asked::practiceTime() {
          {QStringLiteral("rows"), json::array(rowTexts)}}));
 }
 
-QString Asked::top() {
-    expectWords(1);
-    expectNone(m_exercise);
-    const TimeRange asked = range();
-    TopExercisesOverviewViewModel overview(m_singletons.history, asked, m_platform, m_colors);
-    const TopExercisesDetailViewModel detail(m_singletons.history, asked, m_platform, m_colors);
-    if (asJson()) {
+QString top(TimeRange range, bool asJson, Singletons& singletons, const Platform& platform) {
+    ItemColors colors(singletons.history);
+    const TopExercisesOverviewViewModel overview(singletons.history, range, platform, colors);
+    const TopExercisesDetailViewModel detail(singletons.history, range, platform, colors);
+    if (asJson) {
         const auto records = [](const QList<ChartData::ExerciseReportOverTime>& data) {
             QStringList texts;
             for (const auto& record : data)
@@ -190,7 +89,7 @@ QString Asked::top() {
                                        {QStringLiteral("minutes"), json::value(record.minutes)}});
             return json::array(texts);
         };
-        return line(json::object({{QStringLiteral("range"), json::value(caseName(asked))},
+        return line(json::object({{QStringLiteral("range"), json::value(caseName(range))},
                                   {QStringLiteral("overview"), records(overview.data())},
                                   {QStringLiteral("detail"), records(detail.data())}}));
     }
@@ -202,19 +101,10 @@ QString Asked::top() {
     return lines(texts.isEmpty() ? QStringList(QStringLiteral("Nothing recorded.")) : texts);
 }
 
-QString Asked::month() {
-    const auto [year, monthOfYear, none] =
-        numbers("^([0-9]{4})-([0-9]{2})$", QStringLiteral("a month as YYYY-MM, such as 2024-03"));
-    expectNone(m_range);
-    expectNone(m_exercise);
-    const int number = (year - epochYear) * monthsPerYear + monthOfYear - 1;
-    MonthOfEvents month{m_platform.calendar.startOfMonth(number), {}};
-    for (const HistoryEvent& event : m_singletons.history.events()) {
-        if (m_platform.calendar.monthNumber(event.date) == number)
-            month.events += event;
-    }
-    const MonthReportViewModel report(month, m_singletons.history, m_platform);
-    if (!asJson()) {
+QString month(int monthNumber, bool asJson, Singletons& singletons, const Platform& platform) {
+    const MonthOfEvents month = eventsOfMonth(singletons.history.events(), monthNumber, platform.calendar);
+    const MonthReportViewModel report(month, singletons.history, platform);
+    if (!asJson) {
         QStringList texts{report.title()};
         for (const ReportRow& row : report.rows())
             texts += row.isHeading          ? row.title
@@ -242,53 +132,110 @@ QString Asked::month() {
                               {QStringLiteral("sections"), json::array(sections)}}));
 }
 
-QString Asked::day() {
-    const auto [year, month, dayOfMonth] =
-        numbers("^([0-9]{4})-([0-9]{2})-([0-9]{2})$", QStringLiteral("a day as YYYY-MM-DD, such as 2024-03-14"));
-    expectNone(m_range);
-    expectNone(m_exercise);
-    const int number = Calendar::firstDayOfMonth((year - epochYear) * monthsPerYear + month - 1) + dayOfMonth - 1;
-    DayOfEvents day{m_platform.calendar.startOfDay(number), {}};
-    for (const HistoryEvent& event : m_singletons.history.events()) {
-        if (m_platform.calendar.dayNumber(event.date) == number)
-            day.events += event;
-    }
-    const PracticeDayBreakdownViewModel breakdown(day, m_platform.calendar);
+QString day(int dayNumber, bool asJson, Singletons& singletons, const Platform& platform) {
+    const DayOfEvents day = eventsOfDay(singletons.history.events(), dayNumber, platform.calendar);
+    const PracticeDayBreakdownViewModel breakdown(day, platform.calendar);
     QStringList rows;
     for (const auto& row : breakdown.rows()) {
-        if (asJson())
+        if (asJson)
             rows += json::object({{QStringLiteral("title"), json::value(row.title())},
                                   {QStringLiteral("detail"), json::value(row.detail())}});
         else
             rows += QStringLiteral("%1 %2").arg(row.title(), row.detail()).trimmed();
     }
-    if (asJson())
+    if (asJson)
         return line(json::object({{QStringLiteral("rows"), json::array(rows)}}));
     return lines(rows.isEmpty() ? QStringList(QStringLiteral("Nothing recorded.")) : rows);
 }
 
-QString Asked::ranges() {
-    expectWords(1);
-    expectNone(m_range);
-    expectNone(m_exercise);
+QString ranges(bool asJson, Singletons& singletons, const Platform& platform) {
     QStringList labels;
-    for (const TimeRange range : rangesToOffer(m_singletons.history, m_platform.clock.now(), m_platform.calendar))
-        labels += asJson() ? json::value(label(range)) : label(range);
-    return asJson() ? line(json::array(labels)) : lines(labels);
+    for (const TimeRange range : rangesToOffer(singletons.history, platform.clock.now(), platform.calendar))
+        labels += asJson ? json::value(label(range)) : label(range);
+    return asJson ? line(json::array(labels)) : lines(labels);
+}
+
+TimeRange expectedRange(const Words& words) {
+    if (const auto range = words.range())
+        return *range;
+    throw Answer{exitUsage, QStringLiteral("--range is missing: expected one of %1").arg(timeRangeNames())};
+}
+
+// The date behind the report's name: YYYY-MM-DD, or YYYY-MM and then the month's first day.
+QDate expectedDate(const Words& words, const QString& form, const QString& example) {
+    words.expectAtMost(2);
+    const QString given = words.at(1);
+    // Qt would also take a sign or blanks.
+    const bool isOfForm = given.size() == form.size() && std::ranges::equal(given, form, [](QChar a, QChar b) {
+                              return b == QLatin1Char('-') ? a == b : a >= QLatin1Char('0') && a <= QLatin1Char('9');
+                          });
+    const bool hasDay = form.endsWith(QLatin1String("DD"));
+    const QDate date(given.mid(0, 4).toInt(), given.mid(5, 2).toInt(), hasDay ? given.mid(8, 2).toInt() : 1);
+    if (!isOfForm || !date.isValid()) {
+        throw Answer{exitUsage,
+                     QStringLiteral("%1: expected %2, such as %3")
+                         .arg(given.isEmpty() ? QStringLiteral("the date is missing") : given, form, example)};
+    }
+    return date;
 }
 
 } // namespace
 
-Answer reportAnswer(const QStringList& arguments, Singletons& singletons, const Platform& platform) {
-    try {
-        return {exitDone, Asked(arguments, singletons, platform).answer()};
-    } catch (const Misunderstood& problem) {
-        return {exitUsage, problem.line};
+Show askedReport(const QStringList& arguments) {
+    const QString exerciseName = QStringLiteral("exercise");
+    Words words(QStringLiteral("tamselctl report"), QStringLiteral("Shows what the history screens of Tamsel show."),
+                {Words::rangeOption(QStringLiteral("One of: %1.")),
+                 {exerciseName, QStringLiteral("Only the practice of this item."), QStringLiteral("name")}});
+    const QString expected = QStringLiteral("practice-time, top, month YYYY-MM, day YYYY-MM-DD or ranges");
+    words.describe(QStringLiteral("REPORT"), expected);
+    words.parse(arguments);
+    const QString report = words.at(0);
+    const bool asJson = words.asJson();
+    const QString subject = QStringLiteral("report %1").arg(report);
+    if (report == QLatin1String("practice-time")) {
+        words.expectAtMost(1);
+        std::optional<Exercise> exercise;
+        if (const auto name = words.value(exerciseName))
+            exercise = Exercise{*name, QUuid()};
+        return [asJson, exercise, range = expectedRange(words)](Singletons& singletons, const Platform& platform) {
+            return practiceTime(range, exercise, asJson, singletons, platform);
+        };
     }
+    words.expectNot(exerciseName, subject);
+    if (report == QLatin1String("top")) {
+        words.expectAtMost(1);
+        return [asJson, range = expectedRange(words)](Singletons& singletons, const Platform& platform) {
+            return top(range, asJson, singletons, platform);
+        };
+    }
+    words.expectNot(QStringLiteral("range"), subject);
+    if (report == QLatin1String("month")) {
+        const QDate date = expectedDate(words, QStringLiteral("YYYY-MM"), QStringLiteral("2024-03"));
+        const int number = (date.year() - epochYear) * monthsPerYear + date.month() - 1;
+        return [asJson, number](Singletons& singletons, const Platform& platform) {
+            return month(number, asJson, singletons, platform);
+        };
+    }
+    if (report == QLatin1String("day")) {
+        const QDate date = expectedDate(words, QStringLiteral("YYYY-MM-DD"), QStringLiteral("2024-03-14"));
+        const auto number = static_cast<int>(QDate(epochYear, 1, 1).daysTo(date));
+        return [asJson, number](Singletons& singletons, const Platform& platform) {
+            return day(number, asJson, singletons, platform);
+        };
+    }
+    if (report == QLatin1String("ranges")) {
+        words.expectAtMost(1);
+        return
+            [asJson](Singletons& singletons, const Platform& platform) { return ranges(asJson, singletons, platform); };
+    }
+    throw Answer{exitUsage, QStringLiteral("%1: expected %2")
+                                .arg(report.isEmpty() ? QStringLiteral("no report is named")
+                                                      : QStringLiteral("no such report as \"%1\"").arg(report),
+                                     expected)};
 }
 
 ExitCode report(const QStringList& arguments) {
-    return tellFromJournal(arguments, reportAnswer);
+    return tellFromJournal(askedReport, arguments);
 }
 
 } // namespace tamsel::ctl

@@ -6,6 +6,7 @@ _tamselctl_report() {
         mapfile -t COMPREPLY < <(compgen -W "$ranges" -- "$current")
         return
     fi
+    [ "$prev" = --exercise ] && return
     case "${COMP_WORDS[2]}" in
         practice-time) words="--range --exercise --json" ;;
         top) words="--range --json" ;;

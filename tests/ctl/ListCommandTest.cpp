@@ -13,10 +13,8 @@ class ListCommandTest : public testing::Test {
 protected:
     static void SetUpTestSuite() { test::speakUsEnglish(); }
 
-    using Command = ctl::Answer (*)(const QStringList&, Singletons&, const Platform&);
-
-    ctl::Answer answer(Command command, const QStringList& words) {
-        const ctl::Answer given = command(words, *journal.singletons, journal.platform);
+    ctl::Answer answer(ctl::Understand command, const QStringList& words) {
+        const ctl::Answer given = ctl::answer(command, words, *journal.singletons, journal.platform);
         journal.mainQueue.runDue();
         return given;
     }
@@ -58,38 +56,35 @@ TEST_F(ListCommandTest, TheListShowsWhatItsScreenShows) {
          "Archive\n  Old \"song\""},
     };
     for (const Case& test : cases) {
-        const ctl::Answer given = answer(ctl::listAnswer, test.words);
+        const ctl::Answer given = answer(ctl::askedList, test.words);
         EXPECT_EQ(given.code, ctl::exitDone);
         EXPECT_EQ(given.text, QString::fromUtf8(test.output) + QLatin1Char('\n')) << given.text.toStdString();
     }
-    EXPECT_EQ(answer(ctl::logAnswer, {json}).text,
+    EXPECT_EQ(answer(ctl::askedLog, {json}).text,
               QStringLiteral("{\"title\":\"Mar 14 2024 1m\",\"rows\":[{\"exercise\":\"Scales\",\"seconds\":90,"
                              "\"type\":\"stopwatch\"}]}\n"));
 }
 
 TEST_F(ListCommandTest, NothingIsShownWhereNothingIs) {
     journal.singletons->exercises.setItems({});
-    EXPECT_EQ(answer(ctl::listAnswer, {}).text, QStringLiteral("No items.\n"));
-    EXPECT_EQ(answer(ctl::listAnswer, {QStringLiteral("--json")}).text,
+    EXPECT_EQ(answer(ctl::askedList, {}).text, QStringLiteral("No items.\n"));
+    EXPECT_EQ(answer(ctl::askedList, {QStringLiteral("--json")}).text,
               QStringLiteral("{\"dailyLog\":[],\"exercises\":[],\"archive\":[]}\n"));
-    EXPECT_EQ(answer(ctl::logAnswer, {}).text, QStringLiteral("Nothing recorded.\n"));
-    EXPECT_EQ(answer(ctl::logAnswer, {QStringLiteral("--json")}).text,
-              QStringLiteral("{\"title\":\"\",\"rows\":[]}\n"));
+    EXPECT_EQ(answer(ctl::askedLog, {}).text, QStringLiteral("Nothing recorded.\n"));
+    EXPECT_EQ(answer(ctl::askedLog, {QStringLiteral("--json")}).text, QStringLiteral("{\"title\":\"\",\"rows\":[]}\n"));
 }
 
 TEST_F(ListCommandTest, WrongWordsAreToldWhatWouldBeRight) {
     struct Case {
-        Command command;
+        ctl::Understand command;
         QStringList words;
         const char* hint;
     };
     const Case cases[] = {
-        {ctl::listAnswer,
-         {QStringLiteral("--sort"), QStringLiteral("length")},
-         "name, practiceRecency or practiceTime"},
-        {ctl::listAnswer, {QStringLiteral("--range"), QStringLiteral("7")}, "last7Days"},
-        {ctl::listAnswer, {QStringLiteral("scales")}, "unexpected argument: scales"},
-        {ctl::logAnswer, {QStringLiteral("--search"), QStringLiteral("a")}, "search"},
+        {ctl::askedList, {QStringLiteral("--sort"), QStringLiteral("length")}, "name, practiceRecency or practiceTime"},
+        {ctl::askedList, {QStringLiteral("--range"), QStringLiteral("7")}, "last7Days"},
+        {ctl::askedList, {QStringLiteral("scales")}, "unexpected argument: scales"},
+        {ctl::askedLog, {QStringLiteral("--search"), QStringLiteral("a")}, "search"},
     };
     for (const Case& test : cases) {
         const ctl::Answer given = answer(test.command, test.words);

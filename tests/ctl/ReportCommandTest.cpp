@@ -1,6 +1,5 @@
 #include "ctl/ReportCommand.h"
 
-#include "ctl/Journal.h"
 #include "model/SettingsKeys.h"
 #include "model/SqliteSettingsStore.h"
 #include "tests/ctl/Tamselctl.h"
@@ -8,6 +7,7 @@
 #include "tests/support/LogCapture.h"
 #include "tests/support/UsEnglish.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -25,8 +25,8 @@ protected:
     static void SetUpTestSuite() { test::speakUsEnglish(); }
 
     ctl::Answer answer(const char* words) {
-        return ctl::reportAnswer(QString::fromUtf8(words).split(QLatin1Char(' ')), *journal.singletons,
-                                 journal.platform);
+        return ctl::answer(ctl::askedReport, QString::fromUtf8(words).split(QLatin1Char(' '), Qt::SkipEmptyParts),
+                           *journal.singletons, journal.platform);
     }
 
     test::Journal journal;
@@ -116,15 +116,22 @@ TEST_F(ReportCommandTest, TheProgramReadsAndLeavesTheDataAsItIs) {
     const QStringList ranges = {QStringLiteral("report"), QStringLiteral("ranges"), QStringLiteral("--json")};
     const QStringList allMonths = {QStringLiteral("report"), QStringLiteral("practice-time"), QStringLiteral("--range"),
                                    QStringLiteral("allMonths"), QStringLiteral("--json")};
-    const auto here = [&home](const QStringList& arguments, const char* zone = "UTC") {
+    const auto here = [&home](const QStringList& arguments, const char* zone = "UTC",
+                              const char* language = "C.UTF-8") {
         return tamselctl(arguments, {{QStringLiteral("XDG_DATA_HOME"), home.path()},
                                      {QStringLiteral("TZ"), QString::fromLatin1(zone)},
-                                     {QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8")}});
+                                     {QStringLiteral("LC_ALL"), QString()},
+                                     {QStringLiteral("LC_MESSAGES"), QString()},
+                                     {QStringLiteral("LANG"), QString::fromLatin1(language)}});
     };
     EXPECT_EQ(here(ranges).output, QByteArray("[\"7 days\",\"30 days\",\"12 months\"]\n"));
     EXPECT_FALSE(QFile::exists(home.filePath(QStringLiteral("tamsel")))) << "nothing is made where nothing is";
 
     const QString folder = home.filePath(QStringLiteral("tamsel"));
+    QFile empty(SqliteSettingsStore::filePath(folder));
+    ASSERT_TRUE(QDir().mkpath(folder) && empty.open(QIODevice::WriteOnly));
+    EXPECT_EQ(here(ranges).exitCode, 0);
+    EXPECT_EQ(empty.size(), 0) << "nor out of an empty file";
     {
         const auto opened = SqliteSettingsStore::open(folder);
         // 2001-01-01 00:30 UTC.
@@ -141,6 +148,14 @@ TEST_F(ReportCommandTest, TheProgramReadsAndLeavesTheDataAsItIs) {
     EXPECT_TRUE(utc.endsWith("{\"date\":\"2001-01\",\"title\":\"Jan 2001: 1m\",\"minutes\":1}]}\n"))
         << utc.right(200).toStdString();
     EXPECT_TRUE(here(allMonths, "America/New_York").output.contains("\"date\":\"2000-12\"")) << "it follows TZ";
+    EXPECT_TRUE(here(allMonths, "UTC", "de_DE.UTF-8").output.contains("\"total\":\"1 Minute\"")) << "and LANG";
+    // Clocks behind those of UTC by more than half an hour, as GNU date shows for each.
+    for (const char* const zone : {":America/New_York", "/usr/share/zoneinfo/America/New_York",
+                                   "EST5EDT,M3.2.0,M11.1.0", "UTC+1", "<-0031>0:31"}) {
+        EXPECT_EQ(here({QStringLiteral("report"), QStringLiteral("day"), QStringLiteral("2000-12-31")}, zone).output,
+                  QByteArray("A, 1m\n"))
+            << zone;
+    }
     const auto list = here({QStringLiteral("list"), QStringLiteral("--sort"), QStringLiteral("practiceTime")});
     EXPECT_EQ(list.output, QByteArray("No items.\n")) << list.errors.toStdString();
     EXPECT_EQ(here({QStringLiteral("log")}).output, QByteArray("Nothing recorded.\n"));
@@ -154,6 +169,8 @@ TEST_F(ReportCommandTest, TheProgramReadsAndLeavesTheDataAsItIs) {
     const auto damaged = here(ranges);
     EXPECT_EQ(damaged.exitCode, 1);
     EXPECT_EQ(damaged.errors.count('\n'), 1) << damaged.errors.toStdString();
+    EXPECT_EQ(here({QStringLiteral("report"), QStringLiteral("day")}).exitCode, 2) << "that takes no data";
+    EXPECT_TRUE(here({QStringLiteral("list"), QStringLiteral("--help")}).output.contains("--sort"));
 }
 
 } // namespace
