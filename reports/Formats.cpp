@@ -10,6 +10,7 @@
 #include <unicode/measfmt.h>
 #include <unicode/measunit.h>
 #include <unicode/measure.h>
+#include <unicode/numberformatter.h>
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
 
@@ -149,8 +150,14 @@ QString fullHoursAndMinutes(qint64 seconds) {
 }
 
 QString spokenMinutes(qint64 minutes) {
-    static const auto format = measureFormat(UMEASFMT_WIDTH_WIDE);
-    return formatted(*format, {{minutes, icu::MeasureUnit::getMinute()}});
+    // Every bar of a chart has one; a format of measures would take thirty times as long.
+    static const auto format = icu::number::NumberFormatter::withLocale(icu::Locale::getDefault())
+                                   .unit(icu::MeasureUnit::getMinute())
+                                   .unitWidth(UNUM_UNIT_WIDTH_FULL_NAME);
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::UnicodeString text = format.formatInt(minutes, status).toString(status);
+    require(status);
+    return fromIcu(text);
 }
 
 qint64 totalPracticeTime(const QList<HistoryEvent>& events) {

@@ -27,7 +27,7 @@ HistoryViewModel::HistoryViewModel(Singletons& singletons, const Platform& platf
 }
 
 QList<TimeRange> HistoryViewModel::ranges() const {
-    return rangesToOffer(m_singletons.history, m_platform.clock.now(), m_platform.calendar);
+    return rangesToOffer(m_singletons.history.events(), m_platform.clock.now(), m_platform.calendar);
 }
 
 void HistoryViewModel::setTimeRange(TimeRange timeRange) {
@@ -87,12 +87,12 @@ void HistoryViewModel::openBar(int bar) {
         return;
     // That of the bar as it is shown, also when midnight has passed since.
     const Date date = overview.sessionsReports().at(report).date;
-    const QList<HistoryEvent>& events = m_singletons.history.events();
+    const History& history = m_singletons.history;
     const Calendar& calendar = m_platform.calendar;
     if (isInMonths(m_timeRange))
-        Q_EMIT barDestinationRequested({eventsOfMonth(events, calendar.monthNumber(date), calendar)});
+        Q_EMIT barDestinationRequested({eventsOfMonth(history, calendar.monthNumber(date), calendar)});
     else
-        Q_EMIT barDestinationRequested({eventsOfDay(events, calendar.dayNumber(date), calendar)});
+        Q_EMIT barDestinationRequested({eventsOfDay(history, calendar.dayNumber(date), calendar)});
 }
 
 } // namespace tamsel

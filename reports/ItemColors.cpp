@@ -4,16 +4,15 @@
 
 namespace tamsel {
 
-ItemColors::ItemColors(History& history)
-    : m_history(history), m_subscription(history.eventsChanged().subscribe([this] { m_isCurrent = false; })) {}
-
 int ItemColors::colorIndex(const QString& name) {
-    if (!m_isCurrent) {
+    const QList<HistoryEvent>& events = m_history.events();
+    if (m_generation != m_history.generation() || m_events > events.size()) {
         m_names = {};
-        for (const HistoryEvent& event : m_history.events())
-            m_names.indexOf(event.exerciseName);
-        m_isCurrent = true;
+        m_events = 0;
+        m_generation = m_history.generation();
     }
+    for (; m_events < events.size(); ++m_events)
+        m_names.indexOf(events.at(m_events).exerciseName);
     return std::max(m_names.find(name), 0) % paletteSize;
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "model/History.h"
-#include "platform/Observable.h"
 #include "reports/NameIndex.h"
 
 #include <QString>
@@ -20,16 +19,17 @@ public:
     // is higher by the palette's size.
     static constexpr int tones = 2;
 
-    explicit ItemColors(History& history);
+    explicit ItemColors(const History& history) : m_history(history) {}
 
     // 0 to paletteSize - 1.
     int colorIndex(const QString& name);
 
 private:
-    History& m_history;
-    bool m_isCurrent = false;
+    const History& m_history;
+    // Of the journal's so many first events, while its generation stays.
     NameIndex m_names;
-    Observable::Subscription m_subscription;
+    qsizetype m_events = 0;
+    quint64 m_generation = 0;
 };
 
 } // namespace tamsel

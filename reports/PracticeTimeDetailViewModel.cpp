@@ -1,5 +1,6 @@
 #include "reports/PracticeTimeDetailViewModel.h"
 
+#include "model/EventBuckets.h"
 #include "model/EventCutoff.h"
 #include "platform/FatalError.h"
 #include "platform/Log.h"
@@ -7,15 +8,14 @@
 #include "reports/ChartBuilder.h"
 #include "reports/Formats.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace tamsel {
 
 namespace {
 
-QString withTotal(const QString& date, const QList<HistoryEvent>& events) {
-    return QStringLiteral("%1: %2").arg(date, totalPracticeTimeText(events));
+QString withTotal(const QString& date, qint64 minutes) {
+    return QStringLiteral("%1: %2").arg(date, practiceTimeText(minutes));
 }
 
 } // namespace
@@ -24,17 +24,24 @@ PracticeTimeDetailViewModel::PracticeTimeDetailViewModel(Singletons& singletons,
                                                          const std::optional<Exercise>& exercise, TimeRange timeRange,
                                                          const Platform& platform, ItemColors& colors)
     : m_platform(platform), m_colors(colors), m_exerciseName(exercise ? exercise->name : QString()),
-      m_ranges(rangesToOffer(singletons.history, platform.clock.now(), platform.calendar)), m_timeRange(timeRange) {
+      m_ranges(rangesToOffer(singletons.history.events(), platform.clock.now(), platform.calendar)),
+      m_timeRange(timeRange) {
     log(QStringLiteral("PracticeTimeDetailViewModel.init"));
-    const History& history = singletons.history;
-    m_countsOfPracticeDays =
-        tamsel::countsOfPracticeDays(history.events(), platform.clock.now(), platform.calendar, exercise);
-    m_last30DaysOfEvents = history.eventsByDay(static_cast<int>(TimeRange::last30Days), exercise);
-    m_last7DaysOfEvents =
-        m_last30DaysOfEvents.first(std::min(m_last30DaysOfEvents.size(), static_cast<qsizetype>(TimeRange::last7Days)));
-    m_last90DaysOfEvents = history.eventsByDay(static_cast<int>(TimeRange::last90Days), exercise);
-    m_twelveMonthsOfEvents = history.eventsByMonth(monthsPerYear, false, exercise);
-    m_allMonthsOfEvents = history.eventsByMonth(0, true, exercise);
+    const QList<HistoryEvent>& events = singletons.history.events();
+    const Calendar& calendar = platform.calendar;
+    const Date now = platform.clock.now();
+    const auto days = daysOfExercise(exercise, events, singletons.history.days());
+    m_countsOfPracticeDays = tamsel::countsOfPracticeDays(days, now, calendar);
+    // The shorter lists of days are the beginnings of the longest.
+    m_last90DaysOfEvents =
+        daysOfEvents(lastDays(static_cast<int>(TimeRange::last90Days), days, now, calendar), events, calendar);
+    m_last30DaysOfEvents = m_last90DaysOfEvents.first(static_cast<int>(TimeRange::last30Days));
+    m_last7DaysOfEvents = m_last90DaysOfEvents.first(static_cast<int>(TimeRange::last7Days));
+    const auto ofMonths = [&](bool allMonths) {
+        return monthsOfEvents(lastMonths(monthsPerYear, allMonths, days, now, calendar), events, calendar);
+    };
+    m_twelveMonthsOfEvents = ofMonths(false);
+    m_allMonthsOfEvents = ofMonths(true);
     updateChart();
 }
 
@@ -65,7 +72,11 @@ void PracticeTimeDetailViewModel::setTimeRange(TimeRange timeRange) {
 }
 
 void PracticeTimeDetailViewModel::updateChart() {
-    m_chart.setContent(buildChart(sessionsReports(), m_timeRange, m_platform.calendar, m_colors));
+    const auto reports = sessionsReports();
+    m_minutes.clear();
+    for (const ChartData::SessionsReport& report : reports)
+        m_minutes += report.minutes;
+    m_chart.setContent(buildChart(reports, m_timeRange, m_platform.calendar, m_colors));
 }
 
 QList<ChartData::SessionsReport> PracticeTimeDetailViewModel::sessionsReports() const {
@@ -79,7 +90,7 @@ QList<PracticeTimeDetailViewModel::DayRow> PracticeTimeDetailViewModel::dayRows(
         return rows;
     for (const DayOfEvents& day : *days()) {
         rows += {static_cast<int>(rows.size()),
-                 withTotal(dayTitle(day.day, m_platform.calendar), day.events),
+                 withTotal(dayTitle(day.day, m_platform.calendar), m_minutes.at(rows.size())),
                  m_platform.uuids.next(),
                  {day}};
     }
@@ -92,7 +103,7 @@ QList<PracticeTimeDetailViewModel::MonthRow> PracticeTimeDetailViewModel::monthR
         return rows;
     for (const MonthOfEvents& month : months()) {
         rows += {static_cast<int>(rows.size()),
-                 withTotal(monthTitle(month.month, m_platform.calendar), month.events),
+                 withTotal(monthTitle(month.month, m_platform.calendar), m_minutes.at(rows.size())),
                  m_platform.uuids.next(),
                  {month}};
     }

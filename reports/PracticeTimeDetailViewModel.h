@@ -108,6 +108,7 @@ private:
     QList<DayOfEvents> m_last90DaysOfEvents;
     QList<MonthOfEvents> m_twelveMonthsOfEvents;
     QList<MonthOfEvents> m_allMonthsOfEvents;
+    QList<qint64> m_minutes; // of each entry of the present range's list
     Chart m_chart{this};
 };
 

@@ -11,7 +11,7 @@ namespace tamsel {
 
 PracticeTimeOverviewViewModel::PracticeTimeOverviewViewModel(const History& history, TimeRange timeRange,
                                                              const Platform& platform, ItemColors& colors)
-    : m_timeRange(timeRange), m_sessionsReports(tamsel::sessionsReports(history, timeRange, {}, platform.uuids)) {
+    : m_timeRange(timeRange), m_sessionsReports(tamsel::sessionsReports(history, timeRange, platform)) {
     m_chart.setContent(buildChart(m_sessionsReports, timeRange, platform.calendar, colors));
 }
 

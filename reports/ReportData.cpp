@@ -1,5 +1,6 @@
 #include "reports/ReportData.h"
 
+#include "model/EventBuckets.h"
 #include "model/EventCutoff.h"
 #include "platform/Checked.h"
 #include "platform/Log.h"
@@ -7,30 +8,62 @@
 #include "reports/NameIndex.h"
 
 #include <algorithm>
-#include <iterator>
+#include <utility>
 #include <vector>
 
 namespace tamsel {
 
 namespace {
 
+void addSession(ChartData::SessionsReport& report, const HistoryEvent& event) {
+    report.sessions.emplaceBack(event.exerciseName, event.practiceTime);
+    report.minutes = checkedAdd(report.minutes, event.practiceTime);
+}
+
 ChartData::SessionsReport sessionsReport(Date date, const QList<HistoryEvent>& events, UuidSource& uuids) {
     ChartData::SessionsReport report{date, uuids.next(), {}};
     report.sessions.reserve(events.size());
     for (const HistoryEvent& event : events)
-        report.sessions.emplaceBack(event.exerciseName, event.practiceTime);
+        addSession(report, event);
     return report;
 }
 
 // From the first of these numbered days up to, not including, the end.
-QList<HistoryEvent> eventsFrom(const QList<HistoryEvent>& events, int firstDay, int endDay, const Calendar& calendar) {
+QList<HistoryEvent> eventsFrom(const History& history, int firstDay, int endDay) {
+    const std::vector<int>& days = history.days();
     QList<HistoryEvent> found;
-    std::ranges::copy_if(events, std::back_inserter(found), [&](const HistoryEvent& event) {
-        const int day = calendar.dayNumber(event.date);
-        return day >= firstDay && day < endDay;
-    });
+    for (std::size_t i = 0; i < days.size(); ++i) {
+        if (days[i] >= firstDay && days[i] < endDay)
+            found += history.events().at(static_cast<qsizetype>(i));
+    }
     return found;
 }
+
+// The practice of each item.
+class Sums {
+public:
+    void add(const HistoryEvent& event) {
+        const auto number = static_cast<std::size_t>(m_names.indexOf(event.exerciseName));
+        if (number == m_minutes.size())
+            m_minutes.push_back(0);
+        m_minutes[number] = checkedAdd(m_minutes[number], event.practiceTime);
+    }
+
+    QList<ChartData::ExerciseReportOverTime> records(UuidSource& uuids) const {
+        QList<ChartData::ExerciseReportOverTime> records;
+        records.reserve(m_names.names().size());
+        for (std::size_t i = 0; i < m_minutes.size(); ++i)
+            records += {m_names.names().at(static_cast<qsizetype>(i)), m_minutes[i], uuids.next()};
+        std::ranges::sort(records, [](const auto& a, const auto& b) {
+            return a.minutes != b.minutes ? a.minutes > b.minutes : a.exercise < b.exercise;
+        });
+        return records;
+    }
+
+private:
+    NameIndex m_names;
+    std::vector<qint64> m_minutes;
+};
 
 } // namespace
 
@@ -50,28 +83,42 @@ QList<ChartData::SessionsReport> sessionsReports(const QList<MonthOfEvents>& mon
     return reports;
 }
 
-QList<ChartData::SessionsReport> sessionsReports(const History& history, TimeRange range,
-                                                 const std::optional<Exercise>& exercise, UuidSource& uuids) {
-    if (isInMonths(range))
-        return sessionsReports(history.eventsByMonth(monthsPerYear, range == TimeRange::allMonths, exercise), uuids);
-    return sessionsReports(history.eventsByDay(static_cast<int>(range), exercise), uuids);
+QList<ChartData::SessionsReport> sessionsReports(const History& history, TimeRange range, const Platform& platform) {
+    const Calendar& calendar = platform.calendar;
+    const Date now = platform.clock.now();
+    const QList<HistoryEvent>& events = history.events();
+    const std::vector<int>& days = history.days();
+    const auto buckets = isInMonths(range)
+                             ? lastMonths(monthsPerYear, range == TimeRange::allMonths, days, now, calendar)
+                             : lastDays(static_cast<int>(range), days, now, calendar);
+    // Straight from the journal: days and months with copies of all their events would take longer than the rest.
+    QList<ChartData::SessionsReport> reports;
+    reports.reserve(buckets.numbers.size());
+    for (const int number : buckets.numbers) {
+        const Date date = isInMonths(range) ? calendar.startOfMonth(number) : calendar.startOfDay(number);
+        ChartData::SessionsReport report{date, platform.uuids.next(), {}};
+        const auto positions = buckets.groups.positions(number);
+        report.sessions.reserve(static_cast<qsizetype>(positions.size()));
+        for (const std::uint32_t position : positions)
+            addSession(report, events.at(position));
+        reports += std::move(report);
+    }
+    return reports;
 }
 
-DayOfEvents eventsOfDay(const QList<HistoryEvent>& events, int dayNumber, const Calendar& calendar) {
-    return {calendar.startOfDay(dayNumber), eventsFrom(events, dayNumber, dayNumber + 1, calendar)};
+DayOfEvents eventsOfDay(const History& history, int dayNumber, const Calendar& calendar) {
+    return {calendar.startOfDay(dayNumber), eventsFrom(history, dayNumber, dayNumber + 1)};
 }
 
-MonthOfEvents eventsOfMonth(const QList<HistoryEvent>& events, int monthNumber, const Calendar& calendar) {
-    return {calendar.startOfMonth(monthNumber), eventsFrom(events, Calendar::firstDayOfMonth(monthNumber),
-                                                           Calendar::firstDayOfMonth(monthNumber + 1), calendar)};
+MonthOfEvents eventsOfMonth(const History& history, int monthNumber, const Calendar& calendar) {
+    return {calendar.startOfMonth(monthNumber),
+            eventsFrom(history, Calendar::firstDayOfMonth(monthNumber), Calendar::firstDayOfMonth(monthNumber + 1))};
 }
 
 qint64 totalMinutes(const QList<ChartData::SessionsReport>& reports) {
     qint64 minutes = 0;
-    for (const ChartData::SessionsReport& report : reports) {
-        for (const ChartData::Session& session : report.sessions)
-            minutes = checkedAdd(minutes, session.minutes);
-    }
+    for (const ChartData::SessionsReport& report : reports)
+        minutes = checkedAdd(minutes, report.minutes);
     return minutes;
 }
 
@@ -83,37 +130,34 @@ double averageMinutes(const QList<ChartData::SessionsReport>& reports) {
     return count < 1 ? 0 : static_cast<double>(totalMinutes(reports)) / static_cast<double>(count);
 }
 
-QList<ChartData::ExerciseReportOverTime> ranking(const QList<HistoryEvent>& events, UuidSource& uuids,
-                                                 std::optional<Date> cutoff) {
-    NameIndex names;
-    std::vector<qint64> sums;
-    for (const HistoryEvent& event : events) {
-        if (cutoff && event.date < *cutoff)
-            continue;
-        const auto number = static_cast<std::size_t>(names.indexOf(event.exerciseName));
-        if (number == sums.size())
-            sums.push_back(0);
-        sums[number] = checkedAdd(sums[number], event.practiceTime);
-    }
-    QList<ChartData::ExerciseReportOverTime> records;
-    records.reserve(names.names().size());
-    for (std::size_t i = 0; i < sums.size(); ++i)
-        records += {names.names().at(static_cast<qsizetype>(i)), sums[i], uuids.next()};
-    std::ranges::sort(records, [](const auto& a, const auto& b) {
-        return a.minutes != b.minutes ? a.minutes > b.minutes : a.exercise < b.exercise;
-    });
-    return records;
+QList<ChartData::ExerciseReportOverTime> ranking(const QList<HistoryEvent>& events, UuidSource& uuids) {
+    Sums sums;
+    for (const HistoryEvent& event : events)
+        sums.add(event);
+    return sums.records(uuids);
 }
 
-PracticeDayCounts countsOfPracticeDays(const QList<HistoryEvent>& events, Date now, const Calendar& calendar,
-                                       const std::optional<Exercise>& exercise) {
+QList<ChartData::ExerciseReportOverTime> rankingSince(Date cutoff, const History& history, const Platform& platform) {
+    // Days are quick to look through. Where clocks go back over midnight, the day before comes again after a day's
+    // start.
+    const int firstDay = platform.calendar.dayNumber(cutoff) - 1;
+    const std::vector<int>& days = history.days();
+    Sums sums;
+    for (std::size_t i = 0; i < days.size(); ++i) {
+        if (days[i] < firstDay)
+            continue;
+        const HistoryEvent& event = history.events().at(static_cast<qsizetype>(i));
+        if (!(event.date < cutoff))
+            sums.add(event);
+    }
+    return sums.records(platform.uuids);
+}
+
+PracticeDayCounts countsOfPracticeDays(std::span<const int> daysOfEvents, Date now, const Calendar& calendar) {
     // Most events follow one of the same day.
     std::vector<int> days;
-    for (const HistoryEvent& event : events) {
-        if (exercise && event.exerciseName != exercise->name)
-            continue;
-        const int day = calendar.dayNumber(event.date);
-        if (days.empty() || days.back() != day)
+    for (const int day : daysOfEvents) {
+        if (day != EventGroups::none && (days.empty() || days.back() != day))
             days.push_back(day);
     }
     std::ranges::sort(days);
@@ -126,10 +170,11 @@ PracticeDayCounts countsOfPracticeDays(const QList<HistoryEvent>& events, Date n
     return {within(7), within(30), within(365), static_cast<int>(days.size())};
 }
 
-QList<TimeRange> rangesToOffer(const History& history, Date now, const Calendar& calendar) {
+QList<TimeRange> rangesToOffer(const QList<HistoryEvent>& events, Date now, const Calendar& calendar) {
     QList<TimeRange> ranges = offeredTimeRanges();
-    const auto earliest = history.earliestEventDate();
-    if (!earliest || !(*earliest < calendar.startOfMonth(monthsBefore(monthsPerYear, now, calendar))))
+    const Date start = calendar.startOfMonth(monthsBefore(monthsPerYear, now, calendar));
+    // In a journal that is old enough, one of the first events tells.
+    if (std::ranges::none_of(events, [start](const HistoryEvent& event) { return event.date < start; }))
         ranges.removeOne(TimeRange::allMonths);
     return ranges;
 }
@@ -138,7 +183,7 @@ TimeRange firstTimeRange(const History& history, const SettingsStore& userDefaul
                          const Calendar& calendar) {
     const TimeRange preferred = preferredTimeRange(userDefaults).value_or(TimeRange::last7Days);
     // The others are always on offer; this one costs a look at the whole journal.
-    if (preferred != TimeRange::allMonths || rangesToOffer(history, now, calendar).contains(preferred))
+    if (preferred != TimeRange::allMonths || rangesToOffer(history.events(), now, calendar).contains(preferred))
         return preferred;
     log(QStringLiteral("Unable to use saved timeRange, likely experimental"));
     return TimeRange::last7Days;

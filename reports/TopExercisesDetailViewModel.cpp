@@ -13,16 +13,15 @@ namespace tamsel {
 
 TopExercisesDetailViewModel::TopExercisesDetailViewModel(const History& history, TimeRange timeRange,
                                                          const Platform& platform, ItemColors& colors)
-    : m_colors(colors), m_ranges(rangesToOffer(history, platform.clock.now(), platform.calendar)),
+    : m_colors(colors), m_ranges(rangesToOffer(history.events(), platform.clock.now(), platform.calendar)),
       m_timeRange(timeRange) {
     log(QStringLiteral("TopExercisesDetailViewModel.init"));
     const Date now = platform.clock.now();
     const auto ofDays = [&](TimeRange range) {
-        return ranking(history.events(), platform.uuids,
-                       cutoffOfLastDays(static_cast<int>(range), now, platform.calendar));
+        return rankingSince(cutoffOfLastDays(static_cast<int>(range), now, platform.calendar), history, platform);
     };
     const auto ofMonths = [&](int months) {
-        return ranking(history.events(), platform.uuids, cutoffOfLastMonths(months, now, platform.calendar));
+        return rankingSince(cutoffOfLastMonths(months, now, platform.calendar), history, platform);
     };
     m_last7DaysData = ofDays(TimeRange::last7Days);
     m_last30DaysData = ofDays(TimeRange::last30Days);

@@ -26,7 +26,7 @@ TopExercisesOverviewViewModel::TopExercisesOverviewViewModel(History& history, T
 void TopExercisesOverviewViewModel::compute() {
     constexpr qsizetype mostRecords = 5;
     const Date cutoff = cutoffOfLastDays(static_cast<int>(m_timeRange), m_platform.clock.now(), m_platform.calendar);
-    const auto records = ranking(m_history.events(), m_platform.uuids, cutoff);
+    const auto records = rankingSince(cutoff, m_history, m_platform);
     m_topExercise = records.isEmpty() ? std::nullopt : std::optional(records.first().exercise);
     m_data = records.first(std::min(records.size(), mostRecords));
 }

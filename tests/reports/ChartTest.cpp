@@ -17,8 +17,7 @@ protected:
     static void SetUpTestSuite() { test::speakUsEnglish(); }
 
     ChartContent chart(TimeRange range) {
-        return buildChart(sessionsReports(journal.history(), range, {}, journal.uuids), range, journal.calendar,
-                          colors);
+        return buildChart(sessionsReports(journal.history(), range, journal.platform), range, journal.calendar, colors);
     }
     static QString texts(const QList<ChartMark>& marks) {
         QStringList texts;
@@ -44,7 +43,7 @@ TEST_F(ChartTest, TheValueAxisFitsFromMinutesToHundredsOfHours) {
         if (test.minutes > 0)
             own.add(60, "A", test.minutes);
         ItemColors ownColors{own.history()};
-        const ChartContent content = buildChart(sessionsReports(own.history(), TimeRange::last7Days, {}, own.uuids),
+        const ChartContent content = buildChart(sessionsReports(own.history(), TimeRange::last7Days, own.platform),
                                                 TimeRange::last7Days, own.calendar, ownColors);
         EXPECT_EQ(texts(content.valueMarks), QLatin1String(test.marks)) << test.minutes;
         EXPECT_EQ(content.valueMarks.last().position, 1);

@@ -1,5 +1,6 @@
 #include "reports/ReportData.h"
 
+#include "model/EventBuckets.h"
 #include "tests/reports/Journal.h"
 
 #include <QSet>
@@ -103,6 +104,27 @@ TEST_F(ReportDataTest, TheLastMonthsAreFoundFromThe31st) {
     EXPECT_EQ(months[1].events.size(), 1);
 }
 
+TEST_F(ReportDataTest, TheDaysOfTheJournalFollowItsChanges) {
+    const auto expectDays = [this](const char* what) {
+        std::vector<int> days;
+        for (const HistoryEvent& event : journal.history().events())
+            days.push_back(journal.calendar.dayNumber(event.date));
+        EXPECT_EQ(journal.history().days(), days) << what;
+    };
+    expectDays("empty");
+    journal.add(60, "A", 1);
+    expectDays("replaced");
+    journal.history().record(
+        *PracticeSession::make(journal.clock.now() + day, {QStringLiteral("A"), QUuid()}, 60, SessionType::timer));
+    expectDays("one more");
+    QList<HistoryEvent> events = journal.history().events();
+    events.first().date = journal.clock.now() - 5 * day;
+    journal.history().setEvents(events);
+    expectDays("replaced by as many");
+    journal.history().setEvents({});
+    expectDays("emptied");
+}
+
 TEST_F(ReportDataTest, OneDayOrMonthHoldsWhatTheListsHold) {
     // Ten weeks around the end of daylight saving in a zone whose clocks go back at midnight.
     moveTo("America/Santiago", 1714521600);
@@ -112,19 +134,20 @@ TEST_F(ReportDataTest, OneDayOrMonthHoldsWhatTheListsHold) {
     journal.history().setEvents(events);
     const History& history = journal.history();
     for (const DayOfEvents& each : history.eventsByDay(30))
-        EXPECT_EQ(eventsOfDay(history.events(), journal.calendar.dayNumber(each.day), journal.calendar), each);
+        EXPECT_EQ(eventsOfDay(history, journal.calendar.dayNumber(each.day), journal.calendar), each);
     for (const MonthOfEvents& each : history.eventsByMonth(0, true))
-        EXPECT_EQ(eventsOfMonth(history.events(), journal.calendar.monthNumber(each.month), journal.calendar), each);
+        EXPECT_EQ(eventsOfMonth(history, journal.calendar.monthNumber(each.month), journal.calendar), each);
 }
 
 TEST_F(ReportDataTest, AllMonthsAreOfferedOnceTheJournalIsOlderThanAYear) {
     const auto offered = [this] {
-        return rangesToOffer(journal.history(), journal.clock.now(), journal.calendar).contains(TimeRange::allMonths);
+        return rangesToOffer(journal.history().events(), journal.clock.now(), journal.calendar)
+            .contains(TimeRange::allMonths);
     };
     EXPECT_FALSE(offered());
     journal.addAt(Date::fromUnixSeconds(1677628800), "At the start of the month twelve months back", 1); // 2023-03-01
     EXPECT_FALSE(offered());
-    EXPECT_EQ(rangesToOffer(journal.history(), journal.clock.now(), journal.calendar),
+    EXPECT_EQ(rangesToOffer(journal.history().events(), journal.clock.now(), journal.calendar),
               (QList<TimeRange>{TimeRange::last7Days, TimeRange::last30Days, TimeRange::last12Months}));
     journal.addAt(Date::fromUnixSeconds(1677628799), "A second earlier", 1);
     EXPECT_TRUE(offered());
@@ -137,7 +160,7 @@ TEST_F(ReportDataTest, RankingSumsByNameAndPutsTheLargestFirst) {
     journal.add(60, "Scales", 20);
     journal.add(10 * day, "scales", 100);
     QStringList lines;
-    for (const auto& record : ranking(journal.history().events(), journal.uuids, journal.clock.now() - day))
+    for (const auto& record : rankingSince(journal.clock.now() - day, journal.history(), journal.platform))
         lines += QStringLiteral("%1 %2").arg(record.exercise).arg(record.minutes);
     EXPECT_EQ(lines,
               (QStringList{QStringLiteral("scales 25"), QStringLiteral("Scales 20"), QStringLiteral("Étude 20")}));
@@ -164,10 +187,11 @@ TEST_F(ReportDataTest, ManyNamesKeepTheirOwnSums) {
 }
 
 TEST_F(ReportDataTest, PracticeDaysAreCountedOnce) {
-    const auto counts = [this](const char* exercise = nullptr) {
-        return countsOfPracticeDays(
-            journal.history().events(), journal.clock.now(), journal.calendar,
-            exercise == nullptr ? std::nullopt : std::optional(Exercise{QString::fromUtf8(exercise), QUuid()}));
+    const auto counts = [this](const char* name = nullptr) {
+        const auto exercise =
+            name == nullptr ? std::nullopt : std::optional(Exercise{QString::fromUtf8(name), QUuid()});
+        return countsOfPracticeDays(daysOfExercise(exercise, journal.history().events(), journal.history().days()),
+                                    journal.clock.now(), journal.calendar);
     };
     EXPECT_EQ(counts(), (PracticeDayCounts{0, 0, 0, 0}));
     journal.add(0, "A", 1);
@@ -183,7 +207,7 @@ TEST_F(ReportDataTest, PracticeDaysAreCountedOnce) {
 
 TEST_F(ReportDataTest, TheAverageBeginsWithTheOldestPractice) {
     const auto average = [this](TimeRange range) {
-        return averageMinutes(sessionsReports(journal.history(), range, {}, journal.uuids));
+        return averageMinutes(sessionsReports(journal.history(), range, journal.platform));
     };
     EXPECT_EQ(average(TimeRange::last7Days), 0);
     EXPECT_EQ(average(TimeRange::allMonths), 0);
