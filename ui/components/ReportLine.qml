@@ -10,12 +10,15 @@ T.ItemDelegate {
     required property var line
     property bool last: false
     property bool canOpen: true
+    // A detail that would leave the title too little room stands below it.
+    readonly property bool stacked: amount.implicitWidth > 0.4 * (width - leftPadding - rightPadding)
 
     signal tapped()
 
     objectName: line.identifier
     text: line.title
-    implicitHeight: Math.max(Theme.touchTarget, Math.ceil(words.implicitHeight) + 2 * Theme.spacing)
+    implicitHeight: Math.max(Theme.touchTarget, Math.ceil(words.implicitHeight + (stacked ? amount.implicitHeight : 0))
+                                                + 2 * Theme.spacing)
     padding: 0
     leftPadding: Theme.mediumSpacing
     rightPadding: Theme.mediumSpacing
@@ -63,9 +66,10 @@ T.ItemDelegate {
 
         anchors.left: parent.left
         anchors.leftMargin: row.leftPadding + (row.line.isHeading ? 0 : Theme.tightSpacing)
-        anchors.right: amount.left
-        anchors.rightMargin: Theme.spacing
+        anchors.right: !row.stacked ? amount.left : chevron.visible ? chevron.left : parent.right
+        anchors.rightMargin: row.stacked && !chevron.visible ? row.rightPadding : Theme.spacing
         anchors.verticalCenter: parent.verticalCenter
+        anchors.verticalCenterOffset: row.stacked ? -Math.round(amount.implicitHeight / 2) : 0
         // Large text would leave only a few letters of a name on one line.
         wrapMode: Text.Wrap
         maximumLineCount: 6
@@ -77,9 +81,11 @@ T.ItemDelegate {
     TextLabel {
         id: amount
 
-        anchors.right: chevron.visible ? chevron.left : parent.right
+        anchors.left: row.stacked ? words.left : undefined
+        anchors.right: row.stacked ? undefined : chevron.visible ? chevron.left : parent.right
         anchors.rightMargin: chevron.visible ? Theme.smallSpacing : row.rightPadding
-        anchors.verticalCenter: parent.verticalCenter
+        anchors.top: row.stacked ? words.bottom : undefined
+        anchors.verticalCenter: row.stacked ? undefined : parent.verticalCenter
         kind: TextLabel.Secondary
         text: row.line.detail
         Accessible.ignored: true
