@@ -3,7 +3,7 @@
 #include "ctl/Journal.h"
 #include "ctl/JsonText.h"
 #include "ctl/Words.h"
-#include "model/EventCutoff.h"
+#include "platform/TimeUnits.h"
 #include "reports/Formats.h"
 #include "reports/HistoryViewModel.h"
 #include "reports/MonthReportViewModel.h"

@@ -3,6 +3,7 @@
 #include "model/EventCutoff.h"
 #include "platform/Checked.h"
 #include "platform/FatalError.h"
+#include "platform/TimeUnits.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,6 +1,5 @@
 #include "reports/HistoryViewModel.h"
 
-#include "platform/TimeUnits.h"
 #include "reports/ReportData.h"
 
 #include <utility>

@@ -1,7 +1,6 @@
 #include "reports/PracticeTimeDetailViewModel.h"
 
 #include "model/EventBuckets.h"
-#include "model/EventCutoff.h"
 #include "platform/FatalError.h"
 #include "platform/Log.h"
 #include "platform/TimeUnits.h"
