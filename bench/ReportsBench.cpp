@@ -1,5 +1,6 @@
 #include "app/PracticeYears.h"
 #include "app/Singletons.h"
+#include "bench/Journal.h"
 #include "metronome/OfflineOutput.h"
 #include "metronome/SystemAudioSession.h"
 #include "model/EventGroups.h"
@@ -35,18 +36,6 @@ namespace {
 
 constexpr const char* zoneName = "Europe/Berlin";
 
-class StandingClock final : public Clock {
-public:
-    Date now() const override { return Date::fromUnixSeconds(1710417600); }
-    std::chrono::nanoseconds hostTime() const override { return {}; }
-};
-
-class NoQueue final : public Queue {
-public:
-    void async(Work work) override { work(); }
-    void asyncAfter(std::chrono::nanoseconds, Work) override {}
-};
-
 // A player's forty years at several times a player's diligence.
 class Journal {
 public:
@@ -68,9 +57,9 @@ public:
     }
 
 private:
-    StandingClock m_clock;
+    bench::StandingClock m_clock;
     Calendar m_calendar{QString::fromLatin1(zoneName)};
-    NoQueue m_queue;
+    bench::NoQueue m_queue;
     RandomUuids m_uuids;
     MemorySettingsStore m_store;
     OfflineOutput m_output;
@@ -220,11 +209,12 @@ void makeTable(benchmark::State& state) {
         benchmark::DoNotOptimize(Calendar(QString::fromLatin1(zoneName)).dayNumber(Date::fromUnixSeconds(1710417600)));
 }
 
+constexpr qint64 few = 10'000;
 constexpr qint64 many = 100'000;
 constexpr qint64 veryMany = 1'000'000;
 
-void inBothSizes(benchmark::internal::Benchmark* each) {
-    each->Arg(many)->Arg(veryMany);
+void inEverySize(benchmark::internal::Benchmark* each) {
+    each->Arg(few)->Arg(many)->Arg(veryMany);
 }
 
 void inEveryRange(benchmark::internal::Benchmark* each) {
@@ -234,22 +224,22 @@ void inEveryRange(benchmark::internal::Benchmark* each) {
     }
 }
 
-BENCHMARK(group)->Name("reports/group_by_day")->Apply(inBothSizes)->Unit(benchmark::kMillisecond);
+BENCHMARK(group)->Name("reports/group_by_day")->Apply(inEverySize)->Unit(benchmark::kMillisecond);
 BENCHMARK(tellDays)->Name("reports/days/transition_table")->Arg(many)->Unit(benchmark::kMillisecond);
 BENCHMARK(tellDaysWithLocaltime)->Name("reports/days/localtime_r")->Arg(many)->Unit(benchmark::kMillisecond);
 BENCHMARK(tellDaysWithIcu)->Name("reports/days/icu_calendar")->Arg(many)->Unit(benchmark::kMillisecond);
 BENCHMARK(historyScreen)->Name("reports/history_screen")->Apply(inEveryRange)->Unit(benchmark::kMillisecond);
-BENCHMARK(practiceTimeDetail)->Name("reports/practice_time_detail")->Apply(inBothSizes)->Unit(benchmark::kMillisecond);
-BENCHMARK(makeColors)->Name("reports/item_colors")->Apply(inBothSizes)->Unit(benchmark::kMillisecond);
-BENCHMARK(openMonth)->Name("reports/month")->Apply(inBothSizes)->Unit(benchmark::kMillisecond);
-BENCHMARK(openDay)->Name("reports/day")->Apply(inBothSizes)->Unit(benchmark::kMillisecond);
+BENCHMARK(practiceTimeDetail)->Name("reports/practice_time_detail")->Apply(inEverySize)->Unit(benchmark::kMillisecond);
+BENCHMARK(makeColors)->Name("reports/item_colors")->Apply(inEverySize)->Unit(benchmark::kMillisecond);
+BENCHMARK(openMonth)->Name("reports/month")->Apply(inEverySize)->Unit(benchmark::kMillisecond);
+BENCHMARK(openDay)->Name("reports/day")->Apply(inEverySize)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(openBar, month, TimeRange::allMonths)
     ->Name("reports/month_from_bar")
-    ->Apply(inBothSizes)
+    ->Apply(inEverySize)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(openBar, day, TimeRange::last30Days)
     ->Name("reports/day_from_bar")
-    ->Apply(inBothSizes)
+    ->Apply(inEverySize)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(makeTable)->Name("reports/make_transition_table")->Unit(benchmark::kMicrosecond);
 
