@@ -33,8 +33,14 @@ std::vector<int> monthsOf(std::span<const int> days) {
 }
 
 QList<HistoryEvent> eventsAt(std::span<const std::uint32_t> positions, const QList<HistoryEvent>& events) {
+    if (positions.empty())
+        return {};
+    // As they follow each other in a journal whose clock was never set back, they are copied as one.
+    const auto count = static_cast<qsizetype>(positions.size());
+    if (positions.back() - positions.front() + 1 == positions.size())
+        return events.sliced(positions.front(), count);
     QList<HistoryEvent> found;
-    found.reserve(static_cast<qsizetype>(positions.size()));
+    found.reserve(count);
     for (const std::uint32_t position : positions)
         found += events.at(position);
     return found;
