@@ -146,7 +146,7 @@ public:
     QUrl reviewPage() const;
 
     // Reads the settings and the stores again, on a later turn of the main queue.
-    void asynchronouslyReloadData();
+    Q_INVOKABLE void asynchronouslyReloadData();
 
     void archive(const Exercise& exercise);
     // The session's item goes to the archive, and all sessions of today that it has leave the log.

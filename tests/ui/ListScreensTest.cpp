@@ -3,6 +3,7 @@
 #include "tests/ui/WarningCollector.h"
 
 #include <QTest>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -205,6 +206,20 @@ TEST_F(ListScreensTest, DeleteAndUndoByKeyAndByBar) {
     ui.settle();
     ui.world.mainQueue.advance(10s);
     EXPECT_EQ(ui.find(QStringLiteral("undo_button")), nullptr);
+}
+
+TEST_F(ListScreensTest, ANewDayIsShownWhenTheWindowComesToTheFront) {
+    open();
+    ASSERT_NE(ui.find(QStringLiteral("daily_log_row_0")), nullptr);
+    QWindow other;
+    other.show();
+    other.requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    ui.world.clock.advance(24h);
+    ui.window().requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&ui.window()));
+    ui.settle();
+    EXPECT_EQ(ui.find(QStringLiteral("daily_log_row_0")), nullptr) << "what was practised yesterday";
 }
 
 TEST_F(ListScreensTest, ArrowsAndTabGoThroughTheArchive) {

@@ -19,6 +19,8 @@ FocusScope {
     readonly property bool searching: list.isSearching
     // The one row that is swiped aside.
     property ListRow swipedRow: null
+    // A window that stayed open over night shows the new day when it comes to the front.
+    readonly property bool inFront: Window.active
 
     // What is found may lie in a section that was folded away.
     onSearchingChanged: {
@@ -85,6 +87,11 @@ FocusScope {
             follow();
     }
     onVisibleChanged: follow()
+
+    onInFrontChanged: {
+        if (visible && inFront)
+            list.asynchronouslyReloadData();
+    }
 
     Connections {
         target: screen.list
