@@ -88,6 +88,7 @@ void PracticeListViewModel::scheduleRefresh() {
 
 void PracticeListViewModel::refresh() {
     m_refreshIsScheduled = false;
+    m_shownDay = today();
     if (std::exchange(m_exerciseRowsAreStale, false))
         rebuildExerciseRows();
     m_archive.setItems(m_singletons.exercises.archivedItems());
@@ -459,6 +460,15 @@ void PracticeListViewModel::reviewPageOpened(bool shown) {
 void PracticeListViewModel::closeReview() {
     if (std::exchange(m_reviewCardIsPresented, false))
         Q_EMIT reviewChanged();
+}
+
+void PracticeListViewModel::onFront() {
+    if (today() != m_shownDay)
+        asynchronouslyReloadData();
+}
+
+Date PracticeListViewModel::today() const {
+    return m_platform.calendar.startOfDay(m_platform.clock.now());
 }
 
 void PracticeListViewModel::onDisappear() {

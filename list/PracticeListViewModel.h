@@ -146,7 +146,7 @@ public:
     QUrl reviewPage() const;
 
     // Reads the settings and the stores again, on a later turn of the main queue.
-    Q_INVOKABLE void asynchronouslyReloadData();
+    void asynchronouslyReloadData();
 
     void archive(const Exercise& exercise);
     // The session's item goes to the archive, and all sessions of today that it has leave the log.
@@ -174,6 +174,8 @@ public:
     Q_INVOKABLE void closeReview();
     // Each time the list appears: the small metronome takes charge of the one there is.
     Q_INVOKABLE void onAppear();
+    // Each time the window comes to the front: it may have stayed open over night.
+    Q_INVOKABLE void onFront();
     // Each time another screen covers the list.
     Q_INVOKABLE void onDisappear();
 
@@ -209,6 +211,7 @@ private:
     void showSections();
     void updateSortMenu();
     void reload();
+    Date today() const;
     // On a later turn of the main queue, unless the list is gone by then.
     void later(void (PracticeListViewModel::*work)());
 
@@ -228,6 +231,7 @@ private:
 
     bool m_refreshIsScheduled = false;
     bool m_exerciseRowsAreStale = true;
+    Date m_shownDay;             // the day of the last refresh
     std::optional<Date> m_since; // what the times of the rows are counted from; nothing for all time
     ExercisesSection m_exercises;
     ArchiveSection m_archive;

@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QTimeZone>
 
+#include <malloc.h>
+
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -152,6 +154,8 @@ void Backups::onQueue(std::function<void()> work, std::function<void()> finish) 
     m_queue->async(
         [&mainQueue = m_platform.mainQueue, work = std::move(work), finishOnMain = std::move(finishOnMain)]() mutable {
             work();
+            // It held all values several times over, which the allocator would keep for the whole day.
+            malloc_trim(0);
             mainQueue.async(std::move(finishOnMain));
         });
 }

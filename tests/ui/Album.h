@@ -44,6 +44,9 @@ private:
     const QString m_part;
 };
 
+// Some items, with practice of yesterday and today.
+void fill(UiWorld& ui);
+
 // All states of some screens, in a file each.
 void takeDataScreens(Album& album);
 void takeHistoryScreens(Album& album);

@@ -16,16 +16,8 @@ using namespace std::chrono_literals;
 const QString longName =
     QStringLiteral("Rachmaninov: Piano Concerto No. 3 in D minor, third movement, bars 120 to 188");
 
-void fill(UiWorld& ui) {
-    ui.addExercises({QStringLiteral("Arpeggios"), QStringLiteral("Étude 9"), QStringLiteral("Étude 10"),
-                     QStringLiteral("Long tones"), QStringLiteral("C Major Scales"),
-                     QStringLiteral("Bach: Invention No. 1")});
-    ui.world.clock.advance(-24h);
-    ui.practise(QStringLiteral("Arpeggios"), 4'800, SessionType::timer);
-    ui.practise(QStringLiteral("Étude 9"), 2'100, SessionType::timer);
-    ui.world.clock.advance(24h);
-    ui.practise(QStringLiteral("C Major Scales"), 1'500, SessionType::timer);
-    ui.practise(QStringLiteral("Bach: Invention No. 1"), 2'400, SessionType::stopwatch);
+void fillWithArchive(UiWorld& ui) {
+    fill(ui);
     ui.world.singletons->exercises.setArchivedItems(
         {{QStringLiteral("Kreutzer 2"), ui.world.uuids.next()}, {QStringLiteral("Old scales"), ui.world.uuids.next()}});
 }
@@ -62,7 +54,7 @@ void takeStates(Album& album, QSize size, const QString& suffix, qreal textScale
         return QStringLiteral("%1-%2").arg(QString::fromLatin1(state), suffix);
     };
     UiWorld ui;
-    fill(ui);
+    fillWithArchive(ui);
     ui.open(size);
     ui.appearance().setTextScale(textScale);
     album.take(ui, name("list"));
@@ -94,7 +86,7 @@ void takeStates(Album& album, QSize size, const QString& suffix, qreal textScale
 
 void takeReview(Album& album, QSize size, const QString& suffix, qreal textScale) {
     UiWorld ui;
-    fill(ui);
+    fillWithArchive(ui);
     for (int i = 0; i < 4; ++i)
         ui.practise(QStringLiteral("Long tones"), 3'600, SessionType::timer);
     ui.open(size);

@@ -12,7 +12,6 @@
 // QT_SCALE_FACTOR sets the resolution.
 
 namespace tamsel::test {
-namespace {
 
 using namespace std::chrono_literals;
 
@@ -27,6 +26,8 @@ void fill(UiWorld& ui) {
     ui.practise(QStringLiteral("C Major Scales"), 1'500, SessionType::timer);
     ui.practise(QStringLiteral("Bach: Invention No. 1"), 2'400, SessionType::stopwatch);
 }
+
+namespace {
 
 void openPractice(UiWorld& ui) {
     ui.list().openDailyLogRow(0);

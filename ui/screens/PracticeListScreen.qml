@@ -19,7 +19,6 @@ FocusScope {
     readonly property bool searching: list.isSearching
     // The one row that is swiped aside.
     property ListRow swipedRow: null
-    // A window that stayed open over night shows the new day when it comes to the front.
     readonly property bool inFront: Window.active
 
     // What is found may lie in a section that was folded away.
@@ -90,7 +89,7 @@ FocusScope {
 
     onInFrontChanged: {
         if (visible && inFront)
-            list.asynchronouslyReloadData();
+            list.onFront();
     }
 
     Connections {
