@@ -154,7 +154,7 @@ void Backups::onQueue(std::function<void()> work, std::function<void()> finish) 
     m_queue->async(
         [&mainQueue = m_platform.mainQueue, work = std::move(work), finishOnMain = std::move(finishOnMain)]() mutable {
             work();
-            // It held all values several times over, which the allocator would keep for the whole day.
+            // It held all values several times over, and the allocator would keep the small ones' places.
             malloc_trim(0);
             mainQueue.async(std::move(finishOnMain));
         });
