@@ -64,10 +64,9 @@ TopExercisesOverviewViewModel* HistoryViewModel::topExercisesOverview() {
     return &present(m_topExercises);
 }
 
-void HistoryViewModel::selectTimeRange(int option) {
-    const QList<TimeRange> offered = ranges();
-    if (option >= 0 && option < offered.size())
-        setTimeRange(offered.at(option));
+void HistoryViewModel::selectTimeRange(int value) {
+    if (const auto range = rangeOfValue(ranges(), value))
+        setTimeRange(*range);
 }
 
 void HistoryViewModel::openPracticeTime() {

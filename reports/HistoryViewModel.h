@@ -28,6 +28,8 @@ class HistoryViewModel final : public QObject {
     QML_UNCREATABLE("Made by the history tab's stack")
 
     Q_PROPERTY(QString title READ title CONSTANT FINAL)
+    // By its raw value; one that is not offered is ignored.
+    Q_PROPERTY(int timeRange READ timeRangeValue WRITE selectTimeRange NOTIFY overviewsChanged FINAL)
     Q_PROPERTY(QList<tamsel::TimeRangeOption> timeRangeOptions READ timeRangeOptions NOTIFY overviewsChanged FINAL)
     Q_PROPERTY(tamsel::PracticeTimeOverviewViewModel* practiceTimeOverview READ practiceTimeOverview NOTIFY
                    overviewsChanged FINAL)
@@ -41,10 +43,12 @@ public:
 
     QString title() const { return QStringLiteral("History"); }
     TimeRange timeRange() const { return m_timeRange; }
+    int timeRangeValue() const { return static_cast<int>(m_timeRange); }
+    void selectTimeRange(int value);
     // Remembered as the preferred range.
     void setTimeRange(TimeRange timeRange);
     QList<TimeRange> ranges() const;
-    QList<TimeRangeOption> timeRangeOptions() const { return tamsel::timeRangeOptions(ranges(), m_timeRange); }
+    QList<TimeRangeOption> timeRangeOptions() const { return tamsel::timeRangeOptions(ranges()); }
 
     // Of the present range; made anew whenever it or the journal changed.
     PracticeTimeOverviewViewModel* practiceTimeOverview();
@@ -57,7 +61,6 @@ public:
 
     // Each time the screen comes to be looked at: midnight may have passed since.
     Q_INVOKABLE void onAppear();
-    Q_INVOKABLE void selectTimeRange(int option);
     Q_INVOKABLE void openPracticeTime();
     Q_INVOKABLE void openTopExercises();
     // Opens the day or month of a bar, counted from the oldest.

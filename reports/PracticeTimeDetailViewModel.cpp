@@ -136,9 +136,9 @@ QString PracticeTimeDetailViewModel::emptyText() const {
                           "here.");
 }
 
-void PracticeTimeDetailViewModel::selectTimeRange(int option) {
-    if (option >= 0 && option < m_ranges.size())
-        setTimeRange(m_ranges.at(option));
+void PracticeTimeDetailViewModel::selectTimeRange(int value) {
+    if (const auto range = rangeOfValue(m_ranges, value))
+        setTimeRange(*range);
 }
 
 void PracticeTimeDetailViewModel::openRow(int row) {

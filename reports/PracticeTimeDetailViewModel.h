@@ -32,6 +32,8 @@ class PracticeTimeDetailViewModel final : public QObject {
 
     Q_PROPERTY(QString title READ title CONSTANT FINAL)
     Q_PROPERTY(QString exerciseName READ exerciseName CONSTANT FINAL)
+    // By its raw value; one that is not offered is ignored.
+    Q_PROPERTY(int timeRange READ timeRangeValue WRITE selectTimeRange NOTIFY timeRangeChanged FINAL)
     Q_PROPERTY(QList<tamsel::TimeRangeOption> timeRangeOptions READ timeRangeOptions NOTIFY timeRangeChanged FINAL)
     Q_PROPERTY(QList<tamsel::ReportFigure> practiceDayFigures READ practiceDayFigures CONSTANT FINAL)
     Q_PROPERTY(QString practiceDaysTitle READ practiceDaysTitle CONSTANT FINAL)
@@ -57,6 +59,8 @@ public:
     };
 
     TimeRange timeRange() const { return m_timeRange; }
+    int timeRangeValue() const { return static_cast<int>(m_timeRange); }
+    void selectTimeRange(int value);
     void setTimeRange(TimeRange timeRange);
 
     const PracticeDayCounts& countsOfPracticeDays() const { return m_countsOfPracticeDays; }
@@ -74,7 +78,7 @@ public:
     QString title() const { return QStringLiteral("Total Practice Time"); }
     // Whose practice time it is; empty when it is everything's.
     QString exerciseName() const { return m_exerciseName; }
-    QList<TimeRangeOption> timeRangeOptions() const { return tamsel::timeRangeOptions(m_ranges, m_timeRange); }
+    QList<TimeRangeOption> timeRangeOptions() const { return tamsel::timeRangeOptions(m_ranges); }
     QString practiceDaysTitle() const { return QStringLiteral("Days with practice"); }
     QList<ReportFigure> practiceDayFigures() const;
     Chart* chart() { return &m_chart; }
@@ -82,7 +86,6 @@ public:
     // What to read where there was no practice.
     QString emptyText() const;
 
-    Q_INVOKABLE void selectTimeRange(int option);
     Q_INVOKABLE void openRow(int row);
     // Counted from the oldest.
     Q_INVOKABLE void openBar(int bar);

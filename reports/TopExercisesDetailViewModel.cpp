@@ -62,9 +62,9 @@ QString TopExercisesDetailViewModel::emptyText() const {
                           "more.");
 }
 
-void TopExercisesDetailViewModel::selectTimeRange(int option) {
-    if (option >= 0 && option < m_ranges.size())
-        setTimeRange(m_ranges.at(option));
+void TopExercisesDetailViewModel::selectTimeRange(int value) {
+    if (const auto range = rangeOfValue(m_ranges, value))
+        setTimeRange(*range);
 }
 
 void TopExercisesDetailViewModel::openItem(int item) {

@@ -24,6 +24,8 @@ class TopExercisesDetailViewModel final : public QObject {
     QML_UNCREATABLE("Made by the coordinator")
 
     Q_PROPERTY(QString title READ title CONSTANT FINAL)
+    // By its raw value; one that is not offered is ignored.
+    Q_PROPERTY(int timeRange READ timeRangeValue WRITE selectTimeRange NOTIFY timeRangeChanged FINAL)
     Q_PROPERTY(QList<tamsel::TimeRangeOption> timeRangeOptions READ timeRangeOptions NOTIFY timeRangeChanged FINAL)
     Q_PROPERTY(QList<tamsel::RankedItem> items READ items NOTIFY timeRangeChanged FINAL)
     Q_PROPERTY(QString valueTitle READ valueTitle CONSTANT FINAL)
@@ -37,6 +39,8 @@ public:
     using Records = QList<ChartData::ExerciseReportOverTime>;
 
     TimeRange timeRange() const { return m_timeRange; }
+    int timeRangeValue() const { return static_cast<int>(m_timeRange); }
+    void selectTimeRange(int value);
     void setTimeRange(TimeRange timeRange);
 
     const Records& last7DaysData() const { return m_last7DaysData; }
@@ -48,14 +52,13 @@ public:
     const Records& data() const;
 
     QString title() const { return QStringLiteral("Most Practiced"); }
-    QList<TimeRangeOption> timeRangeOptions() const { return tamsel::timeRangeOptions(m_ranges, m_timeRange); }
+    QList<TimeRangeOption> timeRangeOptions() const { return tamsel::timeRangeOptions(m_ranges); }
     QList<RankedItem> items() const;
     QString valueTitle() const { return QStringLiteral("Minutes"); }
     QString nameTitle() const { return QStringLiteral("Exercise"); }
     // What to read where the list is empty.
     QString emptyText() const;
 
-    Q_INVOKABLE void selectTimeRange(int option);
     // Opens the practice time of one item in the present range.
     Q_INVOKABLE void openItem(int item);
 

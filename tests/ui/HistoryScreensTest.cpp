@@ -113,6 +113,14 @@ TEST_F(HistoryScreensTest, ThePickerOffersWhatTheJournalHasAndSwitchesBothCards)
     add(800, "Long ago", 5);
     open();
     EXPECT_EQ(role(ui.find(QStringLiteral("time_range_7_days"))), QAccessible::RadioButton);
+    ui.find(QStringLiteral("time_range_7_days"))->forceActiveFocus(Qt::TabFocusReason);
+    ui.press(Qt::Key_End);
+    EXPECT_EQ(stack().historyViewModel()->timeRange(), TimeRange::allMonths);
+    ui.press(Qt::Key_Home);
+    EXPECT_EQ(stack().historyViewModel()->timeRange(), TimeRange::last7Days);
+    ui.press(Qt::Key_Right);
+    EXPECT_EQ(stack().historyViewModel()->timeRange(), TimeRange::last30Days);
+    ui.press(Qt::Key_Left);
     EXPECT_TRUE(ui.click(QStringLiteral("time_range_30_days")));
     EXPECT_EQ(spoken(ui.find(QStringLiteral("practice_time_card"))),
               QStringLiteral("Over the last month you've practiced 11 hours, 5 minutes"));

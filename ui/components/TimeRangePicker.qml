@@ -4,14 +4,19 @@ import QtQuick
 import QtQuick.Templates as T
 import Tamsel.Ui
 
-// Selects one range of time. One stop for the keyboard; the arrows move the selection.
+// Selects one range of time. One stop for the keyboard; the arrows move the selection, Home and End lead to the smallest
+// and the greatest range.
 FocusScope {
     id: picker
 
-    // Values with a `label`, an `identifier` and whether it `isSelected`.
+    // The ranges to choose from, the greatest last: each with a `label`, an `identifier` and its `value`.
     required property var options
+    // That of the selected range. The owner takes on what valueSelected() says.
+    required property int value
 
-    signal selected(index: int)
+    readonly property int greatestTimeRange: options.length > 0 ? options[options.length - 1].value : value
+
+    signal valueSelected(value: int)
 
     readonly property int columns: widest * repeater.count <= width ? repeater.count : Math.ceil(repeater.count / 2)
     readonly property int rows: Math.ceil(repeater.count / Math.max(1, columns))
@@ -28,9 +33,22 @@ FocusScope {
             if (!option.checked)
                 continue;
             const next = Math.max(0, Math.min(repeater.count - 1, i + by));
-            selected(next);
-            repeater.itemAt(next).forceActiveFocus(Qt.TabFocusReason);
+            select(next);
             return;
+        }
+    }
+
+    function select(index: int) {
+        valueSelected(options[index].value);
+        repeater.itemAt(index).forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End;
+        for (let i = 0; event.accepted && i < repeater.count; ++i) {
+            const wanted = event.key === Qt.Key_Home ? i === 0 : options[i].value === greatestTimeRange;
+            if (wanted)
+                select(i);
         }
     }
 
@@ -64,13 +82,13 @@ FocusScope {
                 height: picker.optionHeight
                 implicitWidth: Math.ceil(words.implicitWidth) + 2 * Theme.tightSpacing
                 text: modelData.label
-                checked: modelData.isSelected
+                checked: modelData.value === picker.value
                 autoExclusive: false
-                focusPolicy: checked ? Qt.TabFocus : Qt.NoFocus
+                focusPolicy: checked || activeFocus ? Qt.TabFocus : Qt.NoFocus
                 Accessible.name: text
                 Accessible.focusable: true
-                Accessible.onPressAction: picker.selected(index)
-                onClicked: picker.selected(index)
+                Accessible.onPressAction: picker.valueSelected(modelData.value)
+                onClicked: picker.valueSelected(modelData.value)
                 onImplicitWidthChanged: picker.widest = Math.max(picker.widest, implicitWidth)
                 Component.onCompleted: picker.widest = Math.max(picker.widest, implicitWidth)
 

@@ -109,8 +109,9 @@ FocusScope {
             TimeRangePicker {
                 anchors.horizontalCenter: parent.horizontalCenter
                 width: Math.min(parent.width, Theme.contentWidth)
+                value: screen.history.timeRange
                 options: screen.history.timeRangeOptions
-                onSelected: index => screen.history.selectTimeRange(index)
+                onValueSelected: value => screen.history.timeRange = value
             }
 
             Grid {

@@ -68,8 +68,9 @@ FocusScope {
 
         TimeRangePicker {
             width: parent.width
+            value: screen.report.timeRange
             options: screen.report.timeRangeOptions
-            onSelected: index => screen.report.selectTimeRange(index)
+            onValueSelected: value => screen.report.timeRange = value
         }
 
         Card {
