@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <utility>
 
 namespace tamsel {
@@ -14,13 +15,14 @@ class HistoryIndex::Lookup {
 public:
     explicit Lookup(HistoryIndex& index) : m_index(index) {}
 
-    Item& operator()(const QString& name) {
+    // Its place among the items.
+    std::size_t operator()(const QString& name) {
         constexpr unsigned alignmentBits = 4; // of what is allocated
         const QChar* const text = name.constData();
         Place& place = m_places[(reinterpret_cast<quintptr>(text) >> alignmentBits) % m_places.size()];
         if (place.text != text || place.length != name.size())
             place = {text, name.size(), indexOf(name)};
-        return m_index.m_items[static_cast<std::size_t>(place.item)];
+        return static_cast<std::size_t>(place.item);
     }
 
 private:
@@ -77,12 +79,27 @@ void HistoryIndex::update() {
         m_names.clear();
         m_items.clear();
     }
+    // All are counted before they are taken in, so that no item's practices are moved about or have room to spare.
+    std::vector<std::uint32_t> places;
+    places.reserve(static_cast<std::size_t>(events.size() - m_known));
+    std::vector<std::uint32_t> counts(m_items.size());
+    Lookup placeOf(*this);
+    for (qsizetype i = m_known; i < events.size(); ++i) {
+        const std::size_t place = placeOf(events.at(i).exerciseName);
+        counts.resize(m_items.size());
+        ++counts[place];
+        places.push_back(static_cast<std::uint32_t>(place));
+    }
+    constexpr std::uint32_t several = 2; // one at a time, a list grows by steps that become larger
+    for (std::size_t i = 0; i < counts.size(); ++i) {
+        if (counts[i] >= several)
+            m_items[i].practices.reserve(m_items[i].practices.size() + counts[i]);
+    }
     bool allInOrder = true;
-    for (Lookup itemOf(*this); m_known < events.size(); ++m_known) {
-        const HistoryEvent& event = events.at(m_known);
-        Item& item = itemOf(event.exerciseName);
-        item.add(event.date, event.practiceTime);
-        allInOrder = allInOrder && item.isInOrder;
+    for (const std::uint32_t place : places) {
+        const HistoryEvent& event = events.at(m_known++);
+        m_items[place].add(event.date, event.practiceTime);
+        allInOrder = allInOrder && m_items[place].isInOrder;
     }
     if (allInOrder)
         return;
