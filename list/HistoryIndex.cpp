@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <utility>
 
 namespace tamsel {
@@ -21,30 +20,29 @@ public:
         const QChar* const text = name.constData();
         Place& place = m_places[(reinterpret_cast<quintptr>(text) >> alignmentBits) % m_places.size()];
         if (place.text != text || place.length != name.size())
-            place = {text, name.size(), indexOf(name)};
-        return static_cast<std::size_t>(place.item);
+            place = {text, name.size(), m_index.placeOf(name)};
+        return place.item;
     }
 
 private:
     struct Place {
         const QChar* text = nullptr;
         qsizetype length = 0;
-        qsizetype item = 0;
+        std::size_t item = 0;
     };
-
-    qsizetype indexOf(const QString& name) {
-        const auto next = static_cast<qsizetype>(m_index.m_items.size());
-        const auto found = m_index.m_names.constFind(name);
-        if (found != m_index.m_names.cend())
-            return *found;
-        m_index.m_names.insert(name, next);
-        m_index.m_items.emplace_back();
-        return next;
-    }
 
     HistoryIndex& m_index;
     std::array<Place, 4096> m_places;
 };
+
+std::size_t HistoryIndex::placeOf(const QString& name) {
+    const auto found = m_names.constFind(name);
+    if (found != m_names.cend())
+        return *found;
+    m_names.insert(name, m_items.size());
+    m_items.emplace_back();
+    return m_items.size() - 1;
+}
 
 void HistoryIndex::Item::add(Date date, qint64 minutes) {
     isInOrder = isInOrder && (practices.empty() || practices.back().date <= date);
@@ -79,39 +77,40 @@ void HistoryIndex::update() {
         m_names.clear();
         m_items.clear();
     }
-    // All are counted before they are taken in, so that no item's practices are moved about or have room to spare.
-    std::vector<std::uint32_t> places;
-    places.reserve(static_cast<std::size_t>(events.size() - m_known));
-    std::vector<std::uint32_t> counts(m_items.size());
-    Lookup placeOf(*this);
-    for (qsizetype i = m_known; i < events.size(); ++i) {
-        const std::size_t place = placeOf(events.at(i).exerciseName);
-        counts.resize(m_items.size());
-        ++counts[place];
-        places.push_back(static_cast<std::uint32_t>(place));
+    const std::span<const HistoryEvent> unknown(events.cbegin() + m_known, events.cend());
+    m_known = events.size();
+    constexpr std::size_t many = 256; // below it, setting out for many would take longer than the events
+    if (unknown.size() >= many) {
+        addMany(unknown);
+    } else {
+        for (const HistoryEvent& event : unknown)
+            m_items[placeOf(event.exerciseName)].add(event.date, event.practiceTime);
     }
-    constexpr std::uint32_t several = 2; // one at a time, a list grows by steps that become larger
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-        if (counts[i] >= several)
-            m_items[i].practices.reserve(m_items[i].practices.size() + counts[i]);
-    }
-    bool allInOrder = true;
-    for (const std::uint32_t place : places) {
-        const HistoryEvent& event = events.at(m_known++);
-        m_items[place].add(event.date, event.practiceTime);
-        allInOrder = allInOrder && m_items[place].isInOrder;
-    }
-    if (allInOrder)
-        return;
     for (Item& item : m_items) {
         if (!item.isInOrder)
             item.putInOrder();
     }
 }
 
+// All are counted before they are taken in, so that no item's practices are moved about or have room to spare.
+void HistoryIndex::addMany(std::span<const HistoryEvent> events) {
+    std::vector<std::size_t> places;
+    places.reserve(events.size());
+    Lookup lookUp(*this);
+    for (const HistoryEvent& event : events)
+        places.push_back(lookUp(event.exerciseName));
+    std::vector<std::size_t> counts(m_items.size());
+    for (const std::size_t place : places)
+        ++counts[place];
+    for (std::size_t i = 0; i < counts.size(); ++i)
+        m_items[i].practices.reserve(m_items[i].practices.size() + counts[i]);
+    for (std::size_t i = 0; i < events.size(); ++i)
+        m_items[places[i]].add(events[i].date, events[i].practiceTime);
+}
+
 const HistoryIndex::Item* HistoryIndex::find(const QString& name) const {
     const auto found = m_names.constFind(name);
-    return found == m_names.cend() ? nullptr : &m_items[static_cast<std::size_t>(*found)];
+    return found == m_names.cend() ? nullptr : &m_items[*found];
 }
 
 std::optional<Date> HistoryIndex::lastPracticedDate(const QString& name) const {

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace tamsel {
@@ -43,12 +44,15 @@ private:
     };
     class Lookup;
 
+    // The place of the name's item in m_items; a new one where there is none.
+    std::size_t placeOf(const QString& name);
+    void addMany(std::span<const HistoryEvent> events);
     const Item* find(const QString& name) const;
 
     const History& m_history;
     quint64 m_generation = 0;
-    qsizetype m_known = 0;             // events taken in so far
-    QHash<QString, qsizetype> m_names; // where in m_items
+    qsizetype m_known = 0;               // events taken in so far
+    QHash<QString, std::size_t> m_names; // where in m_items
     std::vector<Item> m_items;
 };
 

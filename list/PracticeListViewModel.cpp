@@ -97,17 +97,11 @@ void PracticeListViewModel::refresh() {
 
 std::optional<Date> PracticeListViewModel::cutoff() const {
     const Date now = m_platform.clock.now();
-    switch (m_sortOrderTimeRange) {
-    case TimeRange::last7Days:
-    case TimeRange::last30Days:
-    case TimeRange::last90Days:
-        return cutoffOfLastDays(static_cast<int>(m_sortOrderTimeRange), now, m_platform.calendar);
-    case TimeRange::last12Months:
-        return cutoffOfLastMonths(monthsPerYear, now, m_platform.calendar);
-    case TimeRange::allMonths:
-        break;
-    }
-    return std::nullopt;
+    if (m_sortOrderTimeRange == TimeRange::allMonths)
+        return std::nullopt;
+    return isInMonths(m_sortOrderTimeRange)
+               ? cutoffOfLastMonths(monthsPerYear, now, m_platform.calendar)
+               : cutoffOfLastDays(static_cast<int>(m_sortOrderTimeRange), now, m_platform.calendar);
 }
 
 void PracticeListViewModel::rebuildExerciseRows() {

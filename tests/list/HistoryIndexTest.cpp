@@ -72,6 +72,25 @@ TEST_F(HistoryIndexTest, FollowsRecordingsRenamesAndReplacements) {
     expectInStep(index);
 }
 
+TEST_F(HistoryIndexTest, TakesInAWholeJournalAndWhatFollows) {
+    QList<HistoryEvent> events;
+    for (int i = 0; i < 600; ++i)
+        events += event(i % 3 == 0 ? "A" : i % 7 == 0 ? "B" : "C", i < 400 ? i : 800 - i, i);
+    history().setEvents(events.first(300));
+    HistoryIndex index(history());
+    expectInStep(index);
+    for (const qsizetype length : {301, 303, 600}) {
+        history().setEvents(events.first(length));
+        index.update();
+        expectInStep(index);
+    }
+    const Exercise c{QStringLiteral("C"), world.uuids.next()};
+    for (int i = 0; i < 300; ++i)
+        history().record(*PracticeSession::make(world.clock.now(), c, 60 * i + 60, SessionType::timer));
+    index.update();
+    expectInStep(index);
+}
+
 TEST_F(HistoryIndexTest, MinutesThatOverflowStopTheProgram) {
     history().setEvents({event("A", 1, std::numeric_limits<qint64>::max()), event("A", 2, 1)});
     const HistoryIndex index(history());
