@@ -1,4 +1,5 @@
 #include "app/Singletons.h"
+#include "bench/Journal.h"
 #include "bench/Life.h"
 #include "bench/Measure.h"
 #include "metronome/OfflineOutput.h"
@@ -17,12 +18,6 @@ namespace tamsel {
 namespace {
 
 using namespace bench;
-
-class StandingClock final : public Clock {
-public:
-    Date now() const override { return Date::fromUnixSeconds(1710417600); }
-    std::chrono::nanoseconds hostTime() const override { return {}; }
-};
 
 // Thirty years on a disk, and the stores on it.
 class Program {
