@@ -3,45 +3,15 @@
 #include "platform/Checked.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace tamsel {
 
-// Finds the item of a name while events are taken in. Nearly all events of a name share one text in memory: where it
-// lies tells the name sooner than what it says.
-class HistoryIndex::Lookup {
-public:
-    explicit Lookup(HistoryIndex& index) : m_index(index) {}
-
-    // Its place among the items.
-    std::size_t operator()(const QString& name) {
-        constexpr unsigned alignmentBits = 4; // of what is allocated
-        const QChar* const text = name.constData();
-        Place& place = m_places[(reinterpret_cast<quintptr>(text) >> alignmentBits) % m_places.size()];
-        if (place.text != text || place.length != name.size())
-            place = {text, name.size(), m_index.placeOf(name)};
-        return place.item;
-    }
-
-private:
-    struct Place {
-        const QChar* text = nullptr;
-        qsizetype length = 0;
-        std::size_t item = 0;
-    };
-
-    HistoryIndex& m_index;
-    std::array<Place, 4096> m_places;
-};
-
 std::size_t HistoryIndex::placeOf(const QString& name) {
-    const auto found = m_names.constFind(name);
-    if (found != m_names.cend())
-        return *found;
-    m_names.insert(name, m_items.size());
-    m_items.emplace_back();
-    return m_items.size() - 1;
+    const auto place = static_cast<std::size_t>(m_names.indexOf(name));
+    if (place == m_items.size())
+        m_items.emplace_back();
+    return place;
 }
 
 void HistoryIndex::Item::add(Date date, qint64 minutes) {
@@ -74,7 +44,7 @@ void HistoryIndex::update() {
     if (m_history.generation() != m_generation || events.size() < m_known) {
         m_generation = m_history.generation();
         m_known = 0;
-        m_names.clear();
+        m_names = {};
         m_items.clear();
     }
     const std::span<const HistoryEvent> unknown(events.cbegin() + m_known, events.cend());
@@ -96,9 +66,8 @@ void HistoryIndex::update() {
 void HistoryIndex::addMany(std::span<const HistoryEvent> events) {
     std::vector<std::size_t> places;
     places.reserve(events.size());
-    Lookup lookUp(*this);
     for (const HistoryEvent& event : events)
-        places.push_back(lookUp(event.exerciseName));
+        places.push_back(placeOf(event.exerciseName));
     std::vector<std::size_t> counts(m_items.size());
     for (const std::size_t place : places)
         ++counts[place];
@@ -109,8 +78,8 @@ void HistoryIndex::addMany(std::span<const HistoryEvent> events) {
 }
 
 const HistoryIndex::Item* HistoryIndex::find(const QString& name) const {
-    const auto found = m_names.constFind(name);
-    return found == m_names.cend() ? nullptr : &m_items[*found];
+    const int place = m_names.find(name);
+    return place < 0 ? nullptr : &m_items[static_cast<std::size_t>(place)];
 }
 
 std::optional<Date> HistoryIndex::lastPracticedDate(const QString& name) const {

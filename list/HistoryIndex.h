@@ -2,8 +2,8 @@
 
 #include "model/History.h"
 #include "platform/Date.h"
+#include "reports/NameIndex.h"
 
-#include <QHash>
 #include <QString>
 
 #include <optional>
@@ -42,8 +42,6 @@ private:
         qint64 minutesAt(std::size_t index) const;
         void putInOrder();
     };
-    class Lookup;
-
     // The place of the name's item in m_items; a new one where there is none.
     std::size_t placeOf(const QString& name);
     void addMany(std::span<const HistoryEvent> events);
@@ -51,9 +49,9 @@ private:
 
     const History& m_history;
     quint64 m_generation = 0;
-    qsizetype m_known = 0;               // events taken in so far
-    QHash<QString, std::size_t> m_names; // where in m_items
-    std::vector<Item> m_items;
+    qsizetype m_known = 0; // events taken in so far
+    NameIndex m_names;
+    std::vector<Item> m_items; // by the numbers of their names
 };
 
 } // namespace tamsel
