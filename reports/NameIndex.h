@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 
@@ -30,12 +31,13 @@ private:
         QString name; // keeps the text, so that no other comes to lie at its address
         int number = -1;
     };
-    static constexpr std::size_t places = 512;
+    // Twice as many as a diligent player's items, so that few push each other out.
+    static constexpr std::size_t places = 4096;
 
     static std::size_t placeOf(const QString& name) {
         // Texts are allocated in steps of 16 bytes. 2^64 divided by the golden ratio.
         const auto address = reinterpret_cast<std::uintptr_t>(name.constData()) >> 4;
-        return (address * 0x9E3779B97F4A7C15U) >> (64 - 9);
+        return (address * 0x9E3779B97F4A7C15U) >> (64 - std::countr_zero(places));
     }
 
     int numberOf(const QString& name) {
