@@ -41,8 +41,9 @@ QString dataFolder(const SettingsStore& store) {
 } // namespace
 
 App::App(SettingsStore& settingsStore, const Platform& platform, AudioOutput& audioOutput, AudioSession& audioSession,
-         int acceleration, TipProvider* tipProvider, Backups::WorkQueue backupQueue)
-    : m_singletons(settingsStore, platform, audioOutput, audioSession),
+         int acceleration, std::optional<JournalReading> journal, TipProvider* tipProvider,
+         Backups::WorkQueue backupQueue)
+    : m_singletons(settingsStore, platform, audioOutput, audioSession, std::move(journal)),
       m_backups(settingsStore, platform, dataFolder(settingsStore), std::move(backupQueue)),
       m_coordinator(m_singletons, platform, acceleration, tipProvider) {
     configureAudioSession(audioSession);

@@ -6,6 +6,7 @@
 #include "metronome/AudioOutput.h"
 #include "metronome/AudioSession.h"
 #include "model/Backups.h"
+#include "model/JournalReading.h"
 #include "model/SettingsStore.h"
 #include "platform/Platform.h"
 
@@ -18,10 +19,10 @@ namespace tamsel {
 class App {
 public:
     // `acceleration` is 1 in normal use: how many seconds of practice pass in one. An audio session that cannot be set
-    // up is logged, and the program goes on. `tipProvider` is null where no store could take a tip. Everything handed
-    // in must outlive the app.
+    // up is logged, and the program goes on. `journal` is what was begun to be read of the settings store, if it was.
+    // `tipProvider` is null where no store could take a tip. Everything handed in by reference must outlive the app.
     App(SettingsStore& settingsStore, const Platform& platform, AudioOutput& audioOutput, AudioSession& audioSession,
-        int acceleration, TipProvider* tipProvider = nullptr,
+        int acceleration, std::optional<JournalReading> journal = {}, TipProvider* tipProvider = nullptr,
         Backups::WorkQueue backupQueue = std::make_unique<SerialQueue>("Backups"));
 
     App(const App&) = delete;

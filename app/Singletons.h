@@ -7,10 +7,13 @@
 #include "model/DataStores.h"
 #include "model/Exercises.h"
 #include "model/History.h"
+#include "model/JournalReading.h"
 #include "model/Notes.h"
 #include "model/RunningPractice.h"
 #include "model/SettingsStore.h"
 #include "platform/Platform.h"
+
+#include <optional>
 
 namespace tamsel {
 
@@ -18,9 +21,9 @@ namespace tamsel {
 // constructor returns. The only place that makes a store. Main thread only.
 class Singletons {
 public:
-    // Everything handed in must outlive it.
+    // Everything handed in by reference must outlive it. `journal` is what was begun to be read of the settings store.
     Singletons(SettingsStore& settingsStore, const Platform& platform, AudioOutput& audioOutput,
-               AudioSession& audioSession);
+               AudioSession& audioSession, std::optional<JournalReading> journal = {});
 
     Singletons(const Singletons&) = delete;
     Singletons& operator=(const Singletons&) = delete;

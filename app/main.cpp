@@ -7,6 +7,7 @@
 #include "app/TourAudio.h"
 #include "metronome/DeviceOutput.h"
 #include "metronome/SystemAudioSession.h"
+#include "model/JournalReading.h"
 #include "model/Recovery.h"
 #include "model/SqliteSettingsStore.h"
 #include "platform/AccelerometerShakeSource.h"
@@ -25,6 +26,7 @@
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
+#include <QQmlComponent>
 #include <QQuickStyle>
 #include <QQuickWindow>
 #include <QtQml/qqmlextensionplugin.h>
@@ -34,6 +36,7 @@
 #include <cstdio>
 #include <memory>
 #include <optional>
+#include <utility>
 
 Q_IMPORT_QML_PLUGIN(Tamsel_AppPlugin)
 Q_IMPORT_QML_PLUGIN(Tamsel_ListPlugin)
@@ -157,7 +160,7 @@ Answer offerBackups(const SettingsStoreChoice& choice, const QString& problem) {
     QQmlApplicationEngine engine;
     ui::registerWith(engine);
     engine.setInitialProperties({{QStringLiteral("recovery"), QVariant::fromValue(&recovery)}});
-    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Tamsel/Ui/screens/RecoveryWindow.qml")));
+    engine.load(ui::screenUrl(QStringLiteral("RecoveryWindow.qml")));
     auto* const window = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
     if (window == nullptr)
         return Answer::noBackups;
@@ -192,6 +195,11 @@ SqliteSettingsStore::Opened openData(const SettingsStoreChoice& choice, const re
             return SqliteSettingsStore::open(choice.folder, choice.suite);
         }
     }
+}
+
+QString firstScreenFile(App& app) {
+    const bool isPractice = app.content().tabViewModel()->practiceNavigationStack()->depth() > 0;
+    return isPractice ? QStringLiteral("PracticeScreen.qml") : QStringLiteral("PracticeListScreen.qml");
 }
 
 int run(QGuiApplication& application) {
@@ -236,13 +244,20 @@ int run(QGuiApplication& application) {
         device = std::make_unique<DeviceOutput>();
     AudioOutput& audioOutput = tourAudio ? tourAudio->output() : static_cast<AudioOutput&>(*device);
     SystemAudioSession audioSession;
-    App app(*opened.store, platform, audioOutput, audioSession,
-            options.acceleratedTime ? PracticeViewModel::acceleratedTimeFactor : 1);
 
+    // What takes long is done side by side: decades of practice are read while the window's types are, and the types of
+    // the first screen while the window is made.
+    JournalReading journal(*opened.store);
+    std::optional<App> app; // outlives the screens
     QQmlApplicationEngine engine;
     ui::registerWith(engine);
-    engine.setInitialProperties({{QStringLiteral("content"), QVariant::fromValue(&app.content())}});
-    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Tamsel/Ui/screens/AppWindow.qml")));
+    const QQmlComponent windowTypes(&engine, ui::screenUrl(QStringLiteral("AppWindow.qml")));
+    app.emplace(*opened.store, platform, audioOutput, audioSession,
+                options.acceleratedTime ? PracticeViewModel::acceleratedTimeFactor : 1, std::move(journal));
+
+    const auto firstScreen = ui::readAhead(engine, firstScreenFile(*app));
+    engine.setInitialProperties({{QStringLiteral("content"), QVariant::fromValue(&app->content())}});
+    engine.load(windowTypes.url());
     auto* const window =
         engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
     if (window == nullptr)
@@ -250,18 +265,18 @@ int run(QGuiApplication& application) {
 
     const SingleInstance door(choice.folder, [&](const QStringList& requests) {
         raise(*window);
-        open(app.content(), requests);
+        open(app->content(), requests);
     });
     const TerminationSignals signals([] { QGuiApplication::quit(); });
-    QObject::connect(&application, &QGuiApplication::aboutToQuit, &app.content(), &ContentViewModel::leave);
-    open(app.content(), options.requests);
+    QObject::connect(&application, &QGuiApplication::aboutToQuit, &app->content(), &ContentViewModel::leave);
+    open(app->content(), options.requests);
 
     if (options.firstFrameOnly)
         quitAfterFirstFrame(*window, clock);
     std::unique_ptr<Tour> tour;
     if (options.tourFolder) {
         auto* const appearance = engine.singletonInstance<Appearance*>(qmlTypeId("Tamsel.Ui", 1, 0, "Appearance"));
-        tour = std::make_unique<Tour>(*window, *appearance, app, *tourAudio, *options.tourFolder);
+        tour = std::make_unique<Tour>(*window, *appearance, *app, *tourAudio, *options.tourFolder);
         mainQueue.async([&] { QGuiApplication::exit(tour->take(options.tourStage) ? 0 : exitRefused); });
     }
     return QGuiApplication::exec();

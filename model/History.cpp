@@ -4,7 +4,6 @@
 #include "model/EventBuckets.h"
 #include "model/Json.h"
 #include "model/SettingsKeys.h"
-#include "model/StoredDocument.h"
 #include "platform/FatalError.h"
 #include "platform/Log.h"
 #include "platform/TimeUnits.h"
@@ -29,14 +28,14 @@ QList<HistoryEvent> renamed(QList<HistoryEvent> events, qsizetype first, const Q
 } // namespace
 
 History::History(DailyLog& dailyLog, SettingsStore& userDefaults, const Clock& clock, const Calendar& calendar,
-                 Queue& mainQueue, UuidSource& uuids, WorkQueue queue)
+                 Queue& mainQueue, UuidSource& uuids, WorkQueue queue, std::optional<JournalReading> reading)
     : m_dailyLog(dailyLog), m_userDefaults(userDefaults), m_clock(clock), m_calendar(calendar), m_mainQueue(mainQueue),
       m_uuids(uuids), m_queue(std::move(queue)) {
-    load();
+    auto read = reading ? reading->finish() : std::nullopt;
+    load(read ? *std::move(read) : readDocument<QList<HistoryEvent>>(m_userDefaults, keys::historyEvents));
 }
 
-void History::load() {
-    auto stored = readDocument<QList<HistoryEvent>>(m_userDefaults, keys::historyEvents);
+void History::load(StoredDocument<QList<HistoryEvent>> stored) {
     if (stored.isUnreadable()) {
         log(QStringLiteral("The history in %1 cannot be read: %2").arg(m_userDefaults.location(), stored.problem));
         fatalError({});
@@ -61,7 +60,7 @@ void History::replace(const DataDump& dump) {
 }
 
 void History::reload() {
-    load();
+    load(readDocument<QList<HistoryEvent>>(m_userDefaults, keys::historyEvents));
     ++m_generation;
     m_eventsChanged.notify();
 }

@@ -5,9 +5,11 @@
 #include "model/DayOfEvents.h"
 #include "model/Exercise.h"
 #include "model/HistoryEvent.h"
+#include "model/JournalReading.h"
 #include "model/MonthOfEvents.h"
 #include "model/PracticeSession.h"
 #include "model/SettingsStore.h"
+#include "model/StoredDocument.h"
 #include "platform/Calendar.h"
 #include "platform/Clock.h"
 #include "platform/Observable.h"
@@ -30,10 +32,12 @@ class History final : public DataReplacing {
 public:
     using WorkQueue = std::unique_ptr<Queue>;
 
-    // Loads the events. Stored events that do not decode stop the program, with one line on the console that names the
-    // file and the place: history is never silently discarded, and its bytes stay as they are.
+    // Loads the events, or takes over what was begun to be read of the same settings store. Stored events that do not
+    // decode stop the program, with one line on the console that names the file and the place: history is never
+    // silently discarded, and its bytes stay as they are.
     History(DailyLog& dailyLog, SettingsStore& userDefaults, const Clock& clock, const Calendar& calendar,
-            Queue& mainQueue, UuidSource& uuids, WorkQueue queue = std::make_unique<SerialQueue>("History"));
+            Queue& mainQueue, UuidSource& uuids, WorkQueue queue = std::make_unique<SerialQueue>("History"),
+            std::optional<JournalReading> reading = {});
     ~History() override;
 
     const QList<HistoryEvent>& events() const { return m_events; }
@@ -73,7 +77,7 @@ private:
         bool operator==(const Rename&) const = default;
     };
 
-    void load();
+    void load(StoredDocument<QList<HistoryEvent>> stored);
     // Starts the work of a rename on the queue.
     void rebuild(const Rename& rename, std::function<void()> completion);
     // Takes the list that a rename gives, with fresh identifiers for the renamed events.

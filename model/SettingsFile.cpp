@@ -86,13 +86,18 @@ bool SettingsFile::open(const QString& path, OnClose onClose) {
         return false;
     if (onClose == OnClose::moveLog)
         m_database.checkpointOnClose();
-    m_statements = std::make_unique<Statements>(m_database);
-    return m_statements->arePrepared();
+    return prepare();
+}
+
+bool SettingsFile::openBeside(const QString& path) {
+    return openSettingsDatabaseBeside(m_database, path) && prepare();
 }
 
 bool SettingsFile::openCopy(const QString& path) {
-    if (!openSettingsCopy(m_database, path))
-        return false;
+    return openSettingsCopy(m_database, path) && prepare();
+}
+
+bool SettingsFile::prepare() {
     m_statements = std::make_unique<Statements>(m_database);
     return m_statements->arePrepared();
 }

@@ -22,6 +22,8 @@ public:
 
     // Makes the file where there is none; its folder must exist. To be called once, before everything else.
     [[nodiscard]] bool open(const QString& path, OnClose onClose = OnClose::moveLog);
+    // Instead of it: for reading on another thread while the file is open already.
+    [[nodiscard]] bool openBeside(const QString& path);
     // Instead of it: for reading a copy that nobody is changing. Looks through the whole file, which stays untouched.
     [[nodiscard]] bool openCopy(const QString& path);
 
@@ -40,6 +42,7 @@ private:
     struct Statements;
     struct Entry;
 
+    bool prepare();
     bool valueOf(const SqliteStatement& row, SettingsValue& value);
     bool readData(const SqliteStatement& row, QByteArray& bytes);
     bool find(const QString& key, Entry& entry);

@@ -120,6 +120,10 @@ bool openSettingsDatabase(SqliteDatabase& database, const QString& path) {
     return useLog(database) && (!fresh || create(database, path)) && isWhole(database, path);
 }
 
+bool openSettingsDatabaseBeside(SqliteDatabase& database, const QString& path) {
+    return database.open(path) && database.execute(connectionPragmas);
+}
+
 bool isSound(SqliteDatabase& database) {
     const auto finding = database.text("PRAGMA quick_check(1)");
     return finding && (*finding == QLatin1String("ok") || database.fail(finding->simplified()));

@@ -29,6 +29,9 @@ constexpr qint64 chunkRow(qint64 entry, qint64 number) {
 // then tells why.
 [[nodiscard]] bool openSettingsDatabase(SqliteDatabase& database, const QString& path);
 
+// Opens it once more where it is open in this program already, which has looked at it then.
+[[nodiscard]] bool openSettingsDatabaseBeside(SqliteDatabase& database, const QString& path);
+
 // Whether every page is in order; says why not.
 [[nodiscard]] bool isSound(SqliteDatabase& database);
 

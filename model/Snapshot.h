@@ -4,7 +4,10 @@
 #include "model/SettingsStore.h"
 #include "model/UserData.h"
 
+#include <QString>
+
 #include <functional>
+#include <optional>
 
 namespace tamsel {
 
@@ -15,5 +18,9 @@ using Snapshot = std::function<json::Result<UserData::Values>()>;
 // To be called on the main thread, which it does not keep waiting: where the store lies in a file and all is on disk,
 // it is read when the way is gone.
 Snapshot snapshotOf(const SettingsStore& store);
+
+// The same for the value under one key, which may be absent.
+using ValueSnapshot = std::function<json::Result<std::optional<SettingsValue>>()>;
+ValueSnapshot snapshotOf(const SettingsStore& store, const QString& key);
 
 } // namespace tamsel

@@ -25,9 +25,9 @@ struct StoredDocument {
     bool isAbsent() const { return !value && !isUnreadable(); }
 };
 
+// Reads what was found under the key. Any thread.
 template <class T>
-StoredDocument<T> readDocument(const SettingsStore& store, const QString& key) {
-    auto stored = store.value(key);
+StoredDocument<T> readDocument(std::optional<SettingsValue> stored, const QString& key) {
     if (!stored)
         return {};
     if (!std::holds_alternative<QByteArray>(stored->value))
@@ -39,6 +39,11 @@ StoredDocument<T> readDocument(const SettingsStore& store, const QString& key) {
     if (!decoded)
         return {std::nullopt, decoded.error().message};
     return {*std::move(decoded), {}, size, lastByte};
+}
+
+template <class T>
+StoredDocument<T> readDocument(const SettingsStore& store, const QString& key) {
+    return readDocument<T>(store.value(key), key);
 }
 
 } // namespace tamsel

@@ -5,6 +5,7 @@
 
 #include <QFont>
 #include <QGuiApplication>
+#include <QQmlComponent>
 #include <QQmlEngine>
 #include <QStyleHints>
 
@@ -26,6 +27,14 @@ void registerWith(QQmlEngine& engine) {
     QFont font = QGuiApplication::font();
     font.setFamily(QStringLiteral("Inter"));
     QGuiApplication::setFont(font);
+}
+
+QUrl screenUrl(const QString& file) {
+    return QUrl(QStringLiteral("qrc:/qt/qml/Tamsel/Ui/screens/") + file);
+}
+
+std::unique_ptr<QQmlComponent> readAhead(QQmlEngine& engine, const QString& file) {
+    return std::make_unique<QQmlComponent>(&engine, screenUrl(file), QQmlComponent::Asynchronous);
 }
 
 } // namespace tamsel::ui

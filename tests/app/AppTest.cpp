@@ -80,7 +80,8 @@ TEST_F(AppTest, ALaunchUrlIsLoggedAndNothingElse) {
 
 TEST_F(AppTest, AFileIsTakenOverAndAnyOtherRequestIsAUrl) {
     world.singletons.reset();
-    App app(world.store, world.platform, world.output, world.session, 1, nullptr, std::make_unique<InlineQueue>());
+    App app(world.store, world.platform, world.output, world.session, 1, std::nullopt, nullptr,
+            std::make_unique<InlineQueue>());
     const QTemporaryDir folder;
     const QString oddName = folder.filePath(QStringLiteral("take:2.tamsel"));
     ASSERT_TRUE(QFile(oddName).open(QIODevice::WriteOnly));

@@ -32,7 +32,7 @@ protected:
 
     void start() {
         app.reset();
-        app.emplace(world.store, world.platform, world.output, world.session, 1, nullptr,
+        app.emplace(world.store, world.platform, world.output, world.session, 1, std::nullopt, nullptr,
                     std::make_unique<InlineQueue>());
     }
     void settle() { world.mainQueue.runDue(); }

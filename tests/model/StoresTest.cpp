@@ -1,18 +1,23 @@
 #include "model/DailyLog.h"
 #include "model/Exercises.h"
 #include "model/History.h"
+#include "model/JournalReading.h"
 #include "model/Json.h"
 #include "model/LegacySettings.h"
 #include "model/MemorySettingsStore.h"
 #include "model/Migration.h"
 #include "model/Notes.h"
 #include "model/SettingsKeys.h"
+#include "model/SqliteSettingsStore.h"
 #include "model/StoredSettings.h"
 #include "platform/Calendar.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/ManualQueue.h"
 #include "tests/support/SequentialUuids.h"
+
+#include <QFile>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -333,6 +338,43 @@ TEST_F(StoresTest, AHistoryOfAnotherKindStopsTheProgramToo) {
     store.setInteger(keys::historyEvents, 7);
     DailyLog log = makeDailyLog();
     EXPECT_EXIT(makeHistory(log), testing::KilledBySignal(SIGABRT), "Fatal error\n$");
+}
+
+TEST_F(StoresTest, HistoryTakesOverWhatAnotherThreadHasRead) {
+    const QTemporaryDir folder;
+    const auto open = [&] { return SqliteSettingsStore::open(folder.path()).store; };
+    const auto events = [&](SettingsStore& settings, JournalReading reading, qint64 minutes = 0) {
+        DailyLog log(settings, clock, calendar);
+        History history(log, settings, clock, calendar, mainQueue, uuids, std::make_unique<test::ManualQueue>(clock),
+                        std::move(reading));
+        if (minutes > 0)
+            history.record(session(scales, minutes * 60));
+        return history.events();
+    };
+    auto settings = open();
+    EXPECT_TRUE(events(*settings, JournalReading(*settings)).isEmpty());
+    const auto first = events(*settings, JournalReading(*settings), 5);
+    const auto both = events(*settings, JournalReading(*settings), 6);
+    ASSERT_EQ(both.size(), 2);
+    EXPECT_EQ(both.first(), first.first());
+    settings = open();
+    EXPECT_EQ(events(*settings, JournalReading(*settings)), both) << "what is recorded behind what was read is kept";
+
+    // A file that cannot be found any more is not made anew; the store itself still has it.
+    const QString away = folder.filePath(QStringLiteral("away"));
+    ASSERT_TRUE(QFile::rename(settings->location(), away));
+    JournalReading reading(*settings);
+    EXPECT_EQ(events(*settings, std::move(reading)), both);
+    EXPECT_FALSE(QFile::exists(settings->location()));
+    ASSERT_TRUE(QFile::rename(away, settings->location()));
+
+    settings->setData(keys::historyEvents, "[{}]");
+    EXPECT_EXIT(
+        {
+            setLogStream(stderr);
+            events(*settings, JournalReading(*settings));
+        },
+        testing::KilledBySignal(SIGABRT), "standard.sqlite cannot be read: history.events\\[0\\].*\nFatal error\n$");
 }
 
 // Notes

@@ -65,8 +65,8 @@ void UiWorld::practise(const QString& name, qint64 seconds, SessionType type) {
 void UiWorld::open(QSize size) {
     // The program makes stores of its own from what is stored.
     world.singletons.reset();
-    m_app = std::make_unique<App>(world.store, world.platform, world.output, world.session, 1, tipProvider,
-                                  std::make_unique<InlineQueue>());
+    m_app = std::make_unique<App>(world.store, world.platform, world.output, world.session, 1, std::nullopt,
+                                  tipProvider, std::make_unique<InlineQueue>());
     m_engine = std::make_unique<QQmlApplicationEngine>();
     ui::registerWith(*m_engine);
     m_engine->setInitialProperties({{QStringLiteral("content"), QVariant::fromValue(&m_app->content())}});
