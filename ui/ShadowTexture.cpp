@@ -13,25 +13,17 @@ namespace tamsel {
 namespace {
 
 // One value for each unit of length. Shadows change so slowly that this is enough, whatever the screen's resolution.
+// What it holds is the same upside down, so that only the upper half of the rows is kept.
 class Field {
 public:
-    Field(int width, int height) : m_width(width), m_height(height), m_values(size_t(width) * size_t(height)) {}
+    Field(int width, int height)
+        : m_width(width), m_height(height), m_values(size_t(width) * size_t((height + 1) / 2)) {}
 
     int width() const { return m_width; }
     int height() const { return m_height; }
-    float* row(int y) { return m_values.data() + size_t(y) * size_t(m_width); }
-    const float* row(int y) const { return m_values.data() + size_t(y) * size_t(m_width); }
-
-    // The value at a point between the centres of four cells; 0 beyond the last cells.
-    float at(float x, float y) const {
-        const int left = wholePart(x);
-        const int top = wholePart(y);
-        const float across = x - float(left);
-        const float down = y - float(top);
-        const float upper = cell(left, top) * (1 - across) + cell(left + 1, top) * across;
-        const float lower = cell(left, top + 1) * (1 - across) + cell(left + 1, top + 1) * across;
-        return upper * (1 - down) + lower * down;
-    }
+    int keptRows() const { return (m_height + 1) / 2; }
+    float* keptRow(int y) { return m_values.data() + size_t(y) * size_t(m_width); }
+    const float* row(int y) const { return m_values.data() + size_t(std::min(y, m_height - 1 - y)) * size_t(m_width); }
 
     // Three box blurs come close to a Gaussian one. Together they reach `reach` cells to each side.
     void blur(int reach) {
@@ -46,17 +38,11 @@ public:
     }
 
 private:
-    // Rounded down. Nobody asks for a point further than that beyond the edge.
-    static int wholePart(float coordinate) { return int(coordinate + largestOverhang) - largestOverhang; }
-    static constexpr int largestOverhang = 4096;
-
-    float cell(int x, int y) const { return x < 0 || y < 0 || x >= m_width || y >= m_height ? 0 : row(y)[x]; }
-
     void blurRows(const Field& source, int radius) {
         const float share = 1.0F / float(2 * radius + 1);
-        for (int y = 0; y < m_height; ++y) {
+        for (int y = 0; y < keptRows(); ++y) {
             const float* const from = source.row(y);
-            float* const to = row(y);
+            float* const to = keptRow(y);
             float sum = 0;
             for (int x = -radius; x < m_width; ++x) {
                 if (x + radius < m_width)
@@ -73,11 +59,11 @@ private:
     void blurColumns(const Field& source, int radius) {
         const float share = 1.0F / float(2 * radius + 1);
         std::vector<float> sums(static_cast<size_t>(m_width));
-        for (int y = -radius; y < m_height; ++y) {
+        for (int y = -radius; y < keptRows(); ++y) {
             if (y + radius < m_height)
                 std::transform(sums.begin(), sums.end(), source.row(y + radius), sums.begin(), std::plus<>());
             if (y >= 0)
-                std::transform(sums.begin(), sums.end(), row(y), [share](float sum) { return sum * share; });
+                std::transform(sums.begin(), sums.end(), keptRow(y), [share](float sum) { return sum * share; });
             if (y - radius >= 0)
                 std::transform(sums.begin(), sums.end(), source.row(y - radius), sums.begin(), std::minus<>());
         }
@@ -88,6 +74,20 @@ private:
     std::vector<float> m_values;
 };
 
+// A place between two neighbouring cells.
+struct Between {
+    int first;
+    float share; // of the second one
+
+    // Of so many cells.
+    static Between at(float coordinate, int count) {
+        const float inside = std::clamp(coordinate, 0.0F, float(count - 2));
+        const float whole = std::floor(inside);
+        return {int(whole), inside - whole};
+    }
+    float mix(float one, float other) const { return one * (1 - share) + other * share; }
+};
+
 // A rounded rectangle with its upper left corner at (0, 0).
 class Outline {
 public:
@@ -95,10 +95,12 @@ public:
         : m_halfWidth(float(size.width()) / 2), m_halfHeight(float(size.height()) / 2),
           m_radius(std::min({float(radius), m_halfWidth, m_halfHeight})) {}
 
-    // How much of a square of this side around the point lies inside, 0 to 1.
-    float covers(float x, float y, float side) const {
-        const float across = std::abs(x - m_halfWidth) - (m_halfWidth - m_radius);
-        const float down = std::abs(y - m_halfHeight) - (m_halfHeight - m_radius);
+    // How far a point lies beyond the centres of the corners' circles.
+    float across(float x) const { return std::abs(x - m_halfWidth) - (m_halfWidth - m_radius); }
+    float down(float y) const { return std::abs(y - m_halfHeight) - (m_halfHeight - m_radius); }
+
+    // How much of a square of this side around that point lies inside, 0 to 1.
+    float covers(float across, float down, float side) const {
         const bool inCorner = across > 0 && down > 0;
         const float distance = inCorner ? std::sqrt(across * across + down * down) : std::max(across, down);
         return std::clamp(0.5F - (distance - m_radius) / side, 0.0F, 1.0F);
@@ -202,12 +204,15 @@ int ShadowTexture::margin() const {
 
 QImage ShadowTexture::paint() const {
     const Outline outline(size, radius);
-    // Around the body lies as much ground as the shadows need, also where only those inside the body show.
-    const int ground = offset + blur;
+    // Around the body lies as much ground as the shadows reach, also where only those inside the body show, and as much
+    // again as they are moved, so that every place that is looked at has its cells.
+    const int ground = 2 * offset + blur + 2;
     Field shadow(size.width() + 2 * ground, size.height() + 2 * ground);
-    for (int y = 0; y < size.height(); ++y)
+    for (int y = ground; y < shadow.keptRows(); ++y) {
+        const float down = outline.down(float(y - ground) + 0.5F);
         for (int x = 0; x < size.width(); ++x)
-            shadow.row(y + ground)[x + ground] = outline.covers(float(x) + 0.5F, float(y) + 0.5F, 1);
+            shadow.keptRow(y)[x + ground] = outline.covers(outline.across(float(x) + 0.5F), down, 1);
+    }
     shadow.blur(blur);
 
     const bool raised = relief == Relief::raised;
@@ -216,26 +221,48 @@ QImage ShadowTexture::paint() const {
     const float unit = float(1 / devicePixelRatio);
     QImage image(qCeil((size.width() + 2 * margin()) * devicePixelRatio),
                  qCeil((size.height() + 2 * margin()) * devicePixelRatio), QImage::Format_ARGB32_Premultiplied);
+    // Where the middle of a pixel lies on the body, and the cells of the dark shadow there. Those of the light one lie
+    // `apart` cells further right and below.
+    const int apart = 2 * offset;
+    const auto place = [&](int pixel) { return (float(pixel) + 0.5F) * unit - float(margin()); };
+    const auto cells = [&](float at, int count) { return Between::at(at + float(ground - offset) - 0.5F, count); };
+    struct Column {
+        float across;
+        Between cells;
+    };
+    std::vector<Column> columns;
+    for (int column = 0; column < image.width(); ++column)
+        columns.push_back({outline.across(place(column)), cells(place(column), shadow.width() - apart)});
+
+    std::vector<float> shades(size_t(shadow.width() - apart));
     for (int row = 0; row < image.height(); ++row) {
-        auto* const pixels = reinterpret_cast<QRgb*>(image.scanLine(row));
-        const float y = (float(row) + 0.5F) * unit - float(margin());
-        const float fieldY = y + float(ground) - 0.5F;
-        for (int column = 0; column < image.width(); ++column) {
-            const float x = (float(column) + 0.5F) * unit - float(margin());
-            const float inside = outline.covers(x, y, unit);
+        const float down = outline.down(place(row));
+        const Between rows = cells(place(row), shadow.height() - apart);
+        const float* const darkAbove = shadow.row(rows.first);
+        const float* const darkBelow = shadow.row(rows.first + 1);
+        const float* const lightAbove = shadow.row(rows.first + apart) + apart;
+        const float* const lightBelow = shadow.row(rows.first + 1 + apart) + apart;
+        // Light falls from the upper left. Where both shadows meet they cancel, instead of greying each other.
+        for (size_t x = 0; x < shades.size(); ++x)
+            shades[x] = rows.mix(darkAbove[x], darkBelow[x]) - rows.mix(lightAbove[x], lightBelow[x]);
+
+        auto* pixel = reinterpret_cast<QRgb*>(image.scanLine(row));
+        for (const Column& column : columns) {
+            const float inside = outline.covers(column.across, down, unit);
             // A raised body hides the shadows beneath it; there are none around a pressed one.
             if (inside == (raised ? 1.0F : 0.0F)) {
-                pixels[column] = raised ? bodyColor : 0;
+                *pixel++ = raised ? bodyColor : 0;
                 continue;
             }
-            const float fieldX = x + float(ground) - 0.5F;
-            // Light falls from the upper left. Where both shadows meet they cancel, instead of greying each other.
-            const float shade = shadow.at(fieldX - float(offset), fieldY - float(offset)) -
-                                shadow.at(fieldX + float(offset), fieldY + float(offset));
-            const QRgb color = palette.color(shade);
+            const float* const shade = shades.data() + column.cells.first;
+            const QRgb color = palette.color(column.cells.mix(shade[0], shade[1]));
+            if (inside == (raised ? 0.0F : 1.0F)) {
+                *pixel++ = color;
+                continue;
+            }
             // Cut off to a whole number; the half keeps a body that is covered but for a rounding error whole.
             const int share = int(inside * 255.5F);
-            pixels[column] = raised ? over(faded(bodyColor, share), color) : faded(color, share);
+            *pixel++ = raised ? over(faded(bodyColor, share), color) : faded(color, share);
         }
     }
     return image;
