@@ -22,7 +22,8 @@ Item {
             width += widthOf(character);
         return width;
     }
-    readonly property real fit: Math.min(1, maximumWidth / Math.max(1, fullWidth))
+    // Before there is any room it is not known how much there will be.
+    readonly property real fit: maximumWidth > 0 ? Math.min(1, maximumWidth / Math.max(1, fullWidth)) : 1
     readonly property int shownSize: Math.floor(pixelSize * fit)
 
     implicitWidth: Math.ceil(fullWidth * shownSize / pixelSize)
