@@ -227,6 +227,7 @@ int run(QGuiApplication& application) {
     }
     if (!lock)
         return refuse(QStringLiteral("Cannot write to the folder %1").arg(choice.folder));
+    const auto typefaces = ui::findTypefaces();
     recovery::UseMark mark(choice.folder);
     const auto opened = openData(choice, mark);
     if (!opened.store && launch.isUnderInterfaceTest)
@@ -246,7 +247,7 @@ int run(QGuiApplication& application) {
     SystemAudioSession audioSession;
 
     // What takes long is done side by side: decades of practice are read while the window's types are, and the types of
-    // the first screen while the window is made.
+    // the first screen while the window is made. Typefaces are being looked up already.
     JournalReading journal(*opened.store);
     std::optional<App> app; // outlives the screens
     QQmlApplicationEngine engine;

@@ -4,6 +4,7 @@
 #include "ui/ShadowProvider.h"
 
 #include <QFont>
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -13,6 +14,16 @@
 void qml_register_types_Tamsel_Ui(); // NOLINT(readability-identifier-naming)
 
 namespace tamsel::ui {
+
+namespace {
+
+const QString typeface = QStringLiteral("Inter");
+
+} // namespace
+
+std::future<void> findTypefaces() {
+    return std::async(std::launch::async, [] { QFontDatabase::hasFamily(typeface); });
+}
 
 void registerWith(QQmlEngine& engine) {
     [[maybe_unused]] void (*const volatile types)() = &qml_register_types_Tamsel_Ui;
@@ -25,7 +36,7 @@ void registerWith(QQmlEngine& engine) {
     QGuiApplication::styleHints()->setMousePressAndHoldInterval(500);
 
     QFont font = QGuiApplication::font();
-    font.setFamily(QStringLiteral("Inter"));
+    font.setFamily(typeface);
     QGuiApplication::setFont(font);
 }
 

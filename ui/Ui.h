@@ -3,12 +3,17 @@
 #include <QString>
 #include <QUrl>
 
+#include <future>
 #include <memory>
 
 class QQmlComponent;
 class QQmlEngine;
 
 namespace tamsel::ui {
+
+// Looks up which typefaces there are, on a thread of its own: the first text would have to wait for that. The
+// QGuiApplication must be there until what it returns is gone. Main thread only.
+[[nodiscard]] std::future<void> findTypefaces();
 
 // Makes the QML module Tamsel.Ui usable in this engine: its types, pictures, icons and typeface. Call once for each
 // engine, after the QGuiApplication is made and before any QML is loaded. Main thread only.
