@@ -8,6 +8,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <chrono>
 #include <ctime>
 #include <vector>
 
@@ -121,6 +122,57 @@ void scrolling(benchmark::State& state) {
     });
 }
 
+// From a tap until the frame that shows the screen: the first time, and once more after going back.
+void opening(benchmark::State& state, const std::function<void(test::UiWorld&)>& tap,
+             const std::function<void(test::UiWorld&)>& back) {
+    std::vector<double> first;
+    std::vector<double> again;
+    for (auto _ : state) {
+        FullScreen screen(state);
+        const auto open = [&] {
+            const auto start = std::chrono::steady_clock::now();
+            screen.frame([&] { tap(screen.ui); });
+            return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+        };
+        first.push_back(open());
+        screen.frame([&] { back(screen.ui); });
+        again.push_back(open());
+        state.SetIterationTime(first.back());
+    }
+    const auto median = [](std::vector<double>& seconds) {
+        std::ranges::sort(seconds);
+        return seconds[seconds.size() / 2] * 1e3;
+    };
+    state.counters["first_ms"] = median(first);
+    state.counters["again_ms"] = median(again);
+}
+
+void openItem(benchmark::State& state) {
+    opening(
+        state, [](test::UiWorld& ui) { ui.list().openExercise(3); },
+        [](test::UiWorld& ui) { ui.tabs().practiceNavigationStack()->pop(); });
+}
+
+void openHistory(benchmark::State& state) {
+    opening(
+        state, [](test::UiWorld& ui) { ui.tabs().setSelectedTabIndex(TabViewModel::historyTabIndex); },
+        [](test::UiWorld& ui) { ui.tabs().setSelectedTabIndex(TabViewModel::practiceTabIndex); });
+}
+
+// From the history's first screen.
+void openPracticeTime(benchmark::State& state) {
+    opening(
+        state,
+        [](test::UiWorld& ui) {
+            ui.tabs().setSelectedTabIndex(TabViewModel::historyTabIndex);
+            ui.tabs().historyViewModel()->openPracticeTime();
+        },
+        [](test::UiWorld& ui) {
+            ui.tabs().historyNavigationStack()->pop();
+            ui.tabs().setSelectedTabIndex(TabViewModel::practiceTabIndex);
+        });
+}
+
 // Thirty years and two hundred.
 void journals(benchmark::internal::Benchmark* each) {
     each->ArgNames({"items", "events"})->UseManualTime()->Unit(benchmark::kMillisecond);
@@ -131,6 +183,9 @@ BENCHMARK(keystroke)->Name("list_screen/keystroke")->Apply(journals)->Iterations
 BENCHMARK(changeOfOrder)->Name("list_screen/change_of_order")->Apply(journals)->Iterations(60);
 BENCHMARK(recordedSession)->Name("list_screen/recorded_session")->Apply(journals)->Iterations(40);
 BENCHMARK(scrolling)->Name("list_screen/scrolling")->Apply(journals)->Iterations(1'200);
+BENCHMARK(openItem)->Name("list_screen/open_item")->Apply(journals)->Iterations(5);
+BENCHMARK(openHistory)->Name("list_screen/open_history")->Apply(journals)->Iterations(5);
+BENCHMARK(openPracticeTime)->Name("list_screen/open_practice_time")->Apply(journals)->Iterations(5);
 
 } // namespace
 

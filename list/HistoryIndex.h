@@ -1,8 +1,8 @@
 #pragma once
 
 #include "model/History.h"
+#include "model/NameIndex.h"
 #include "platform/Date.h"
-#include "reports/NameIndex.h"
 
 #include <QString>
 

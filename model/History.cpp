@@ -31,8 +31,12 @@ History::History(DailyLog& dailyLog, SettingsStore& userDefaults, const Clock& c
                  Queue& mainQueue, UuidSource& uuids, WorkQueue queue, std::optional<JournalReading> reading)
     : m_dailyLog(dailyLog), m_userDefaults(userDefaults), m_clock(clock), m_calendar(calendar), m_mainQueue(mainQueue),
       m_uuids(uuids), m_queue(std::move(queue)) {
-    auto read = reading ? reading->finish() : std::nullopt;
-    load(read ? *std::move(read) : readDocument<QList<HistoryEvent>>(m_userDefaults, keys::historyEvents));
+    if (auto read = reading ? reading->finish() : std::nullopt) {
+        load(std::move(read->document));
+        m_names = std::move(read->names);
+    } else {
+        load(readDocument<QList<HistoryEvent>>(m_userDefaults, keys::historyEvents));
+    }
 }
 
 void History::load(StoredDocument<QList<HistoryEvent>> stored) {
@@ -157,6 +161,13 @@ const std::vector<int>& History::days() const {
     for (auto i = static_cast<qsizetype>(m_days.size()); i < m_events.size(); ++i)
         m_days.push_back(m_calendar.dayNumber(m_events.at(i).date));
     return m_days;
+}
+
+const EventNames& History::names() const {
+    if (std::exchange(m_namesGeneration, m_generation) != m_generation)
+        m_names = {};
+    m_names.update(m_events);
+    return m_names;
 }
 
 QList<DayOfEvents> History::eventsByDay(int days, const std::optional<Exercise>& exercise) const {

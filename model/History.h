@@ -3,6 +3,7 @@
 #include "model/DailyLog.h"
 #include "model/DataReplacing.h"
 #include "model/DayOfEvents.h"
+#include "model/EventNames.h"
 #include "model/Exercise.h"
 #include "model/HistoryEvent.h"
 #include "model/JournalReading.h"
@@ -43,6 +44,8 @@ public:
     const QList<HistoryEvent>& events() const { return m_events; }
     // The numbers of the calendar days that the events lie on, in their order. Told once for each event.
     const std::vector<int>& days() const;
+    // The numbers of the events' names. Told once likewise.
+    const EventNames& names() const;
     Observable& eventsChanged() { return m_eventsChanged; }
     // Counts every change but an append: while it stays, events were added at the end at most.
     quint64 generation() const { return m_generation; }
@@ -101,6 +104,8 @@ private:
     // Of so many first events, while the generation stays.
     mutable std::vector<int> m_days;
     mutable quint64 m_daysGeneration = 0;
+    mutable EventNames m_names; // likewise
+    mutable quint64 m_namesGeneration = 0;
     Observable m_eventsChanged;
     // Given to work on other queues, which does nothing once this store is gone.
     std::shared_ptr<History*> m_self = std::make_shared<History*>(this);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/EventNames.h"
 #include "model/HistoryEvent.h"
 #include "model/SettingsStore.h"
 #include "model/StoredDocument.h"
@@ -18,12 +19,15 @@ public:
     // The store is not needed any more when this returns; a file that it lies in is.
     explicit JournalReading(const SettingsStore& store);
 
-    // Waits for the events. Nothing when the store's file could not be read: the store then knows what to say. Once
-    // only.
-    std::optional<StoredDocument<QList<HistoryEvent>>> finish() { return m_document.get(); }
+    struct Journal {
+        StoredDocument<QList<HistoryEvent>> document;
+        EventNames names; // of the events
+    };
+    // Waits for it. Nothing when the store's file could not be read: the store then knows what to say. Once only.
+    std::optional<Journal> finish() { return m_journal.get(); }
 
 private:
-    std::future<std::optional<StoredDocument<QList<HistoryEvent>>>> m_document;
+    std::future<std::optional<Journal>> m_journal;
 };
 
 } // namespace tamsel

@@ -47,7 +47,7 @@ public:
 private:
     // Enough for every name that a person gives. What comes beyond is remembered until the next text only, and so is
     // what finds its neighbourhood taken: no document makes the search long.
-    static constexpr std::size_t maximumSlots = 8192;
+    static constexpr std::size_t maximumSlots = 65536;
     static constexpr std::size_t longestSearch = 16;
 
     // The place of these bytes or a free one for them.

@@ -1,9 +1,9 @@
 #include "reports/ChartBuilder.h"
 
+#include "model/NameIndex.h"
 #include "platform/Checked.h"
 #include "platform/TimeUnits.h"
 #include "reports/Formats.h"
-#include "reports/NameIndex.h"
 #include "reports/ReportData.h"
 
 #include <algorithm>

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "model/History.h"
-#include "reports/NameIndex.h"
 
 #include <QString>
 
@@ -22,14 +21,10 @@ public:
     explicit ItemColors(const History& history) : m_history(history) {}
 
     // 0 to paletteSize - 1.
-    int colorIndex(const QString& name);
+    int colorIndex(const QString& name) const;
 
 private:
     const History& m_history;
-    // Of the journal's so many first events, while its generation stays.
-    NameIndex m_names;
-    qsizetype m_events = 0;
-    quint64 m_generation = 0;
 };
 
 } // namespace tamsel

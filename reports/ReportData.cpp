@@ -2,10 +2,10 @@
 
 #include "model/EventBuckets.h"
 #include "model/EventCutoff.h"
+#include "model/NameIndex.h"
 #include "platform/Checked.h"
 #include "platform/Log.h"
 #include "platform/TimeUnits.h"
-#include "reports/NameIndex.h"
 
 #include <algorithm>
 #include <utility>

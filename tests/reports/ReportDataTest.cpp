@@ -104,25 +104,33 @@ TEST_F(ReportDataTest, TheLastMonthsAreFoundFromThe31st) {
     EXPECT_EQ(months[1].events.size(), 1);
 }
 
-TEST_F(ReportDataTest, TheDaysOfTheJournalFollowItsChanges) {
-    const auto expectDays = [this](const char* what) {
+TEST_F(ReportDataTest, TheNumbersOfTheJournalFollowItsChanges) {
+    const auto expectNumbers = [this](const char* what) {
         std::vector<int> days;
-        for (const HistoryEvent& event : journal.history().events())
+        QStringList names;
+        std::vector<int> numbers;
+        for (const HistoryEvent& event : journal.history().events()) {
             days.push_back(journal.calendar.dayNumber(event.date));
+            if (!names.contains(event.exerciseName))
+                names += event.exerciseName;
+            numbers.push_back(static_cast<int>(names.indexOf(event.exerciseName)));
+        }
         EXPECT_EQ(journal.history().days(), days) << what;
+        EXPECT_EQ(journal.history().names().numbers(), numbers) << what;
+        EXPECT_EQ(journal.history().names().names(), names) << what;
     };
-    expectDays("empty");
+    expectNumbers("empty");
     journal.add(60, "A", 1);
-    expectDays("replaced");
+    expectNumbers("replaced");
     journal.history().record(
-        *PracticeSession::make(journal.clock.now() + day, {QStringLiteral("A"), QUuid()}, 60, SessionType::timer));
-    expectDays("one more");
+        *PracticeSession::make(journal.clock.now() + day, {QStringLiteral("B"), QUuid()}, 60, SessionType::timer));
+    expectNumbers("one more");
     QList<HistoryEvent> events = journal.history().events();
     events.first().date = journal.clock.now() - 5 * day;
     journal.history().setEvents(events);
-    expectDays("replaced by as many");
+    expectNumbers("replaced by as many");
     journal.history().setEvents({});
-    expectDays("emptied");
+    expectNumbers("emptied");
 }
 
 TEST_F(ReportDataTest, OneDayOrMonthHoldsWhatTheListsHold) {

@@ -4,10 +4,10 @@
 #include <QList>
 #include <QString>
 
-#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 namespace tamsel {
 
@@ -16,10 +16,12 @@ namespace tamsel {
 class NameIndex {
 public:
     int indexOf(const QString& name) {
-        Recent& recent = m_recent[placeOf(name)];
-        if (recent.number < 0 || recent.name.constData() != name.constData() || recent.name.size() != name.size())
-            recent = {name, numberOf(name)};
-        return recent.number;
+        const Recent& recent = m_recent[placeOf(name)];
+        if (recent.number >= 0 && recent.name.constData() == name.constData() && recent.name.size() == name.size())
+            return recent.number;
+        const int number = numberOf(name);
+        m_recent[placeOf(name)] = {name, number};
+        return number;
     }
     // The number of a name that has one; -1 for others.
     int find(const QString& name) const { return m_numbers.value(name, -1); }
@@ -31,13 +33,13 @@ private:
         QString name; // keeps the text, so that no other comes to lie at its address
         int number = -1;
     };
-    // Twice as many as a diligent player's items, so that few push each other out.
-    static constexpr std::size_t places = 4096;
+    // So many for each name, so that few push each other out.
+    static constexpr std::size_t placesPerName = 4;
 
-    static std::size_t placeOf(const QString& name) {
+    std::size_t placeOf(const QString& name) const {
         // Texts are allocated in steps of 16 bytes. 2^64 divided by the golden ratio.
         const auto address = reinterpret_cast<std::uintptr_t>(name.constData()) >> 4;
-        return (address * 0x9E3779B97F4A7C15U) >> (64 - std::countr_zero(places));
+        return (address * 0x9E3779B97F4A7C15U) >> (64 - std::countr_zero(m_recent.size()));
     }
 
     int numberOf(const QString& name) {
@@ -45,11 +47,13 @@ private:
         if (known != m_numbers.cend())
             return *known;
         m_names += name;
+        if (static_cast<std::size_t>(m_names.size()) * placesPerName > m_recent.size())
+            m_recent = std::vector<Recent>(m_recent.size() * 2); // to be filled anew
         m_numbers.insert(name, static_cast<int>(m_names.size()) - 1);
         return static_cast<int>(m_names.size()) - 1;
     }
 
-    std::array<Recent, places> m_recent;
+    std::vector<Recent> m_recent = std::vector<Recent>(1024); // a power of two
     QHash<QString, int> m_numbers;
     QList<QString> m_names;
 };
