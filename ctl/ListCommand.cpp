@@ -79,16 +79,16 @@ QString listJson(const PracticeListViewModel& list, const Calendar& calendar) {
            QLatin1Char('\n');
 }
 
-QString listText(const PracticeListViewModel& list) {
+QString listText(const PracticeListViewModel& list, const Calendar& calendar) {
     QStringList lines = sessionLines(list);
     if (!list.shownExercises().isEmpty())
         lines += list.exercisesTitle();
     for (const ExercisesSection::Row& row : list.shownExercises()) {
         QStringList parts{QStringLiteral("  ") + row.exercise.name};
-        if (row.formattedLastPracticedDate)
-            parts += *row.formattedLastPracticedDate;
-        if (row.recentTotalPracticeTime > 0)
-            parts += practiceTimeText(row.recentTotalPracticeTime);
+        if (const auto date = row.formattedLastPracticedDate(calendar))
+            parts += *date;
+        if (const auto time = row.formattedPracticeTime())
+            parts += *time;
         lines += parts.join(QStringLiteral(", "));
     }
     if (!list.shownArchive().isEmpty())
@@ -132,7 +132,7 @@ Show askedList(const QStringList& arguments) {
         if (range)
             list.setSortOrderTimeRange(*range);
         list.setSearchBarText(text);
-        return asJson ? listJson(list, platform.calendar) : listText(list);
+        return asJson ? listJson(list, platform.calendar) : listText(list, platform.calendar);
     };
 }
 

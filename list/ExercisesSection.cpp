@@ -1,6 +1,7 @@
 #include "list/ExercisesSection.h"
 
 #include "list/NameOrder.h"
+#include "reports/Formats.h"
 
 #include <QSet>
 
@@ -10,15 +11,29 @@
 
 namespace tamsel {
 
+std::optional<QString> ExercisesSection::Row::formattedLastPracticedDate(const Calendar& calendar) const {
+    return lastPracticedDate ? std::optional(longDayTitle(*lastPracticedDate, calendar)) : std::nullopt;
+}
+
+std::optional<QString> ExercisesSection::Row::formattedPracticeTime() const {
+    return recentTotalPracticeTime > 0 ? std::optional(practiceTimeText(recentTotalPracticeTime)) : std::nullopt;
+}
+
 void ExercisesSection::setUnfilteredRows(QList<Row> rows) {
     if (rows == m_unfilteredRows)
         return;
     m_unfilteredRows = std::move(rows);
     m_isSorted = false;
     m_lowerCaseNames.clear();
-    m_lowerCaseNames.reserve(m_unfilteredRows.size());
-    for (const Row& row : std::as_const(m_unfilteredRows))
-        m_lowerCaseNames += row.exercise.name.toLower();
+}
+
+const QStringList& ExercisesSection::lowerCaseNames() const {
+    if (m_lowerCaseNames.isEmpty()) {
+        m_lowerCaseNames.reserve(m_unfilteredRows.size());
+        for (const Row& row : m_unfilteredRows)
+            m_lowerCaseNames += row.exercise.name.toLower();
+    }
+    return m_lowerCaseNames;
 }
 
 void ExercisesSection::setSortOrder(SortOrder order) {
@@ -33,12 +48,12 @@ QList<ExercisesSection::Row> ExercisesSection::rows(const QList<DailyLogSection:
         practisedToday += row.session.exercise;
     if (!std::exchange(m_isSorted, true))
         sort();
-    const LowerCaseSearch search(searchBarText);
+    const auto search = searchBarText.isEmpty() ? std::nullopt : std::optional<LowerCaseSearch>(searchBarText);
     QList<Row> shown;
     shown.reserve(m_unfilteredRows.size());
     for (const qsizetype position : m_sorted) {
         const Row& row = m_unfilteredRows.at(position);
-        if (search.finds(m_lowerCaseNames.at(position)) &&
+        if ((!search || search->finds(lowerCaseNames().at(position))) &&
             (practisedToday.isEmpty() || !practisedToday.contains(row.exercise)))
             shown += row;
     }

@@ -3,6 +3,7 @@
 #include "list/DailyLogSection.h"
 #include "list/SortOrder.h"
 #include "model/Exercise.h"
+#include "platform/Calendar.h"
 #include "platform/Date.h"
 
 #include <QList>
@@ -14,16 +15,18 @@
 
 namespace tamsel {
 
-// The active items that are not in today's log. It keeps the order and what the search compares, so that a keystroke
-// costs one pass over the items.
+// The active items that are not in today's log. It keeps the order and, once something was searched for, what the
+// search compares, so that a keystroke costs one pass over the items.
 class ExercisesSection {
 public:
     struct Row {
         Exercise exercise;
         std::optional<Date> lastPracticedDate; // none if never practised
         qint64 recentTotalPracticeTime = 0;    // whole minutes in the chosen range
-        std::optional<QString> formattedLastPracticedDate;
-        std::optional<QString> formattedPracticeTime;
+
+        // The two as texts, which take longer to write than all else about a row; nothing where there is none.
+        std::optional<QString> formattedLastPracticedDate(const Calendar& calendar) const;
+        std::optional<QString> formattedPracticeTime() const;
 
         bool operator==(const Row&) const = default;
     };
@@ -41,9 +44,10 @@ public:
 
 private:
     void sort() const;
+    const QStringList& lowerCaseNames() const;
 
     QList<Row> m_unfilteredRows;
-    QStringList m_lowerCaseNames; // of the rows, in their order
+    mutable QStringList m_lowerCaseNames; // of the rows, in their order; empty until they are needed
     SortOrder m_sortOrder = SortOrder::name;
     mutable std::vector<qsizetype> m_sorted; // positions of the rows, in order once that is needed
     mutable bool m_isSorted = false;
@@ -60,3 +64,5 @@ private:
 };
 
 } // namespace tamsel
+
+Q_DECLARE_TYPEINFO(tamsel::ExercisesSection::Row, Q_RELOCATABLE_TYPE);

@@ -7,51 +7,55 @@
 #include <QString>
 
 #include <optional>
-#include <span>
 #include <vector>
 
 namespace tamsel {
 
-// The history by the names of the items: what a list of thousands of items asks of a hundred thousand events. Made once
-// and kept in step: what was recorded since is added, a list that was replaced is read anew. Main thread only.
+// The history by the names of the items: what a list of thousands of items asks of a hundred thousand events. Kept in
+// step: what was recorded since is added, a list that was replaced is read anew. Main thread only.
 class HistoryIndex {
 public:
-    explicit HistoryIndex(const History& history) : m_history(history) { update(); }
+    struct Practice {
+        std::optional<Date> last; // nothing when there was none
+        qint64 minutes = 0;       // of the span, whole
 
-    // Takes in what changed in the history since the last call.
-    void update();
+        bool operator==(const Practice&) const = default;
+    };
 
-    // The latest practice of the item of that name; nothing when there was none.
-    std::optional<Date> lastPracticedDate(const QString& name) const;
+    explicit HistoryIndex(const History& history) : m_history(history) {}
 
-    // Whole minutes of practice of that name at or after `since`, or of all time. An overflow stops the program.
-    qint64 practiceTime(const QString& name, std::optional<Date> since) const;
+    // Takes in what changed in the history since the last call. The span begins at `since`, or is all time. Another
+    // span costs a look at its events, not at those before it.
+    void update(std::optional<Date> since);
+
+    // Of the item of that name, as of the last update. An overflow stops the program.
+    Practice practice(const QString& name);
 
 private:
-    struct Practice {
-        Date date;
-        quint64 earlier; // the minutes of all practices before it, as they come out in 64 bits
+    struct Sum {
+        qint64 minutes = 0;
+        bool isNoNumber = false; // it does not fit
+
+        void add(qint64 more) { isNoNumber |= __builtin_add_overflow(minutes, more, &minutes); }
     };
     struct Item {
-        std::vector<Practice> practices; // by date; never empty
-        quint64 total = 0;               // the minutes of all of them, likewise
-        bool isInOrder = true;
-        bool isPlain = true; // no minutes are below zero, and all together are a number
-
-        void add(Date date, qint64 minutes);
-        qint64 minutesAt(std::size_t index) const;
-        void putInOrder();
+        Date last;
+        Sum ofSpan;
+        Sum all;
     };
-    // The place of the name's item in m_items; a new one where there is none.
-    std::size_t placeOf(const QString& name);
-    void addMany(std::span<const HistoryEvent> events);
-    const Item* find(const QString& name) const;
+
+    // Before this position, no event belongs to the span.
+    qsizetype earliestOfSpan(Date since) const;
 
     const History& m_history;
     quint64 m_generation = 0;
-    qsizetype m_known = 0; // events taken in so far
+    qsizetype m_known = 0;       // events taken in so far
+    std::optional<Date> m_since; // where the items' spans begin; while nothing, they count nothing
     NameIndex m_names;
     std::vector<Item> m_items; // by the numbers of their names
+    // The latest date of all events up to the end of each stretch of them. It only rises, whatever the order of the
+    // events, and so tells where a span may begin.
+    std::vector<Date> m_latest;
 };
 
 } // namespace tamsel

@@ -34,6 +34,13 @@ int compareValues(const Number& a, const Number& b) {
 } // namespace
 
 bool nameComesBefore(QStringView a, QStringView b) {
+    // What both begin with decides nothing, except that a number may go on where they part.
+    auto same = std::ranges::mismatch(a, b).in1 - a.begin();
+    while (same > 0 && isDigit(a.at(same - 1)))
+        --same;
+    a = a.sliced(same);
+    b = b.sliced(same);
+
     qsizetype zerosDifference = 0; // of the first pair of numbers that differ in zeros only
     while (!a.isEmpty() && !b.isEmpty()) {
         if (isDigit(a.front()) && isDigit(b.front())) {

@@ -3,6 +3,7 @@
 #include "list/SortMenu.h"
 #include "model/EventCutoff.h"
 #include "platform/Checked.h"
+#include "platform/FatalError.h"
 #include "platform/Log.h"
 #include "platform/TimeUnits.h"
 #include "reports/Formats.h"
@@ -16,26 +17,29 @@ namespace {
 // The component of the app in the catalogue of software centres.
 const QString catalogueIdentifier = QStringLiteral("app.tamsel.Tamsel");
 
-// Finds the earlier row of an item in a list that hardly changed.
-class EarlierRows {
-public:
-    explicit EarlierRows(const QList<ExercisesSection::Row>& rows) : m_rows(rows) {}
-
-    const ExercisesSection::Row* find(const Exercise& exercise, qsizetype position) {
-        for (const qsizetype shift : {m_shift, m_shift + 1, m_shift - 1}) {
-            const qsizetype earlier = position + shift;
-            if (earlier >= 0 && earlier < m_rows.size() && m_rows.at(earlier).exercise == exercise) {
-                m_shift = shift;
-                return &m_rows.at(earlier);
-            }
-        }
-        return nullptr;
+QString textOfRow(const ListRow& row, ListRowModel::Role role) {
+    switch (role) {
+    case ListRowModel::NameRole:
+        return row.name;
+    case ListRowModel::DetailRole:
+        return row.detail;
+    case ListRowModel::DurationTextRole:
+        return row.durationText;
     }
+    trap();
+}
 
-private:
-    const QList<ExercisesSection::Row>& m_rows;
-    qsizetype m_shift = 0; // what came or went before the last row found
-};
+QString textOfItem(const ExercisesSection::Row& row, ListRowModel::Role role, const Calendar& calendar) {
+    switch (role) {
+    case ListRowModel::NameRole:
+        return row.exercise.name;
+    case ListRowModel::DetailRole:
+        return row.formattedLastPracticedDate(calendar).value_or(QStringLiteral("Not practised yet"));
+    case ListRowModel::DurationTextRole:
+        return row.formattedPracticeTime().value_or(QString());
+    }
+    trap();
+}
 
 } // namespace
 
@@ -49,7 +53,10 @@ PracticeListViewModel::PracticeListViewModel(Singletons& singletons, const Platf
       m_sortMenu(QStringLiteral("sort_order_menu"), QStringLiteral("sortOrder"), QStringLiteral("Sort")),
       m_shake(platform.shakeSource, platform.mainQueue, [this] { shaken(); }),
       m_sortOrder(storedSortOrder(singletons.userDefaults)),
-      m_sortOrderTimeRange(preferredTimeRange(singletons.userDefaults).value_or(TimeRange::last7Days)) {
+      m_sortOrderTimeRange(preferredTimeRange(singletons.userDefaults).value_or(TimeRange::last7Days)),
+      m_dailyLogRows(textOfRow, this),
+      m_exerciseRows([this](const auto& row, auto role) { return textOfItem(row, role, m_platform.calendar); }, this),
+      m_archiveRows(textOfRow, this) {
     log(QStringLiteral("PracticeListViewModel.init"));
     const auto follow = [this](Observable& observable, bool changesExerciseRows) {
         m_subscriptions.push_back(observable.subscribe([this, changesExerciseRows] {
@@ -105,28 +112,14 @@ std::optional<Date> PracticeListViewModel::cutoff() const {
 }
 
 void PracticeListViewModel::rebuildExerciseRows() {
-    m_historyIndex.update();
     m_since = cutoff();
-    EarlierRows earlierRows(m_exercises.unfilteredRows());
+    m_historyIndex.update(m_since);
     QList<ExercisesSection::Row> rows;
     const QList<Exercise>& items = m_singletons.exercises.items();
     rows.reserve(items.size());
     for (const Exercise& exercise : items) {
-        ExercisesSection::Row row{exercise,
-                                  m_historyIndex.lastPracticedDate(exercise.name),
-                                  m_historyIndex.practiceTime(exercise.name, m_since),
-                                  {},
-                                  {}};
-        const ExercisesSection::Row* const earlier = earlierRows.find(exercise, rows.size());
-        if (earlier != nullptr && earlier->lastPracticedDate == row.lastPracticedDate)
-            row.formattedLastPracticedDate = earlier->formattedLastPracticedDate;
-        else if (row.lastPracticedDate)
-            row.formattedLastPracticedDate = longDayTitle(*row.lastPracticedDate, m_platform.calendar);
-        if (earlier != nullptr && earlier->recentTotalPracticeTime == row.recentTotalPracticeTime)
-            row.formattedPracticeTime = earlier->formattedPracticeTime;
-        else if (row.recentTotalPracticeTime > 0)
-            row.formattedPracticeTime = practiceTimeText(row.recentTotalPracticeTime);
-        rows += std::move(row);
+        const auto practice = m_historyIndex.practice(exercise.name);
+        rows += {exercise, practice.last, practice.minutes};
     }
     m_exercises.setUnfilteredRows(std::move(rows));
 }
@@ -137,7 +130,6 @@ void PracticeListViewModel::showSections() {
     m_shownSessions = dailyLog ? dailyLog->rows : QList<DailyLogSection::Row>();
     m_dailyLogTitle = dailyLog ? dailyLog->title : QString();
     m_exercises.setSortOrder(m_sortOrder);
-    m_shownExercises = m_exercises.rows(m_shownSessions, m_searchBarText);
     m_shownArchive = m_archive.rows(m_searchBarText);
 
     QList<ListRow> rows;
@@ -146,12 +138,7 @@ void PracticeListViewModel::showSections() {
         rows += {session.exercise.name, sessionTypeText(session.type), sessionDurationText(session.seconds)};
     }
     m_dailyLogRows.setRows(std::exchange(rows, {}));
-    rows.reserve(m_shownExercises.size());
-    for (const ExercisesSection::Row& row : std::as_const(m_shownExercises)) {
-        rows += {row.exercise.name, row.formattedLastPracticedDate.value_or(QStringLiteral("Not practised yet")),
-                 row.formattedPracticeTime.value_or(QString())};
-    }
-    m_exerciseRows.setRows(std::exchange(rows, {}));
+    m_exerciseRows.setRows(m_exercises.rows(m_shownSessions, m_searchBarText));
     rows.reserve(m_shownArchive.size());
     for (const ArchiveSection::Row& row : std::as_const(m_shownArchive))
         rows += {row.exercise.name, QString(), QString()};
@@ -174,7 +161,7 @@ bool PracticeListViewModel::isEmpty() const {
 }
 
 bool PracticeListViewModel::nothingIsFound() const {
-    return isSearching() && m_shownSessions.isEmpty() && m_shownExercises.isEmpty() && m_shownArchive.isEmpty();
+    return isSearching() && m_shownSessions.isEmpty() && shownExercises().isEmpty() && m_shownArchive.isEmpty();
 }
 
 QString PracticeListViewModel::nothingFoundTitle() const {
@@ -349,8 +336,8 @@ std::optional<PracticeListViewModel::Target> PracticeListViewModel::target(Secti
             return Target{section, m_shownSessions.at(row).session.exercise, m_shownSessions.at(row).session};
         break;
     case Section::Exercises:
-        if (isIn(m_shownExercises))
-            return Target{section, m_shownExercises.at(row).exercise, std::nullopt};
+        if (isIn(shownExercises()))
+            return Target{section, shownExercises().at(row).exercise, std::nullopt};
         break;
     case Section::Archive:
         if (isIn(m_shownArchive))

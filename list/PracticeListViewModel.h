@@ -8,6 +8,7 @@
 #include "list/ExercisesSection.h"
 #include "list/HistoryIndex.h"
 #include "list/LastRemoval.h"
+#include "list/ListRow.h"
 #include "list/ListRowModel.h"
 #include "list/ReviewPrompt.h"
 #include "list/RowAction.h"
@@ -108,7 +109,7 @@ public:
     ListRowModel* dailyLogRows() { return &m_dailyLogRows; }
     // What the rows show.
     const QList<DailyLogSection::Row>& shownSessions() const { return m_shownSessions; }
-    const QList<ExercisesSection::Row>& shownExercises() const { return m_shownExercises; }
+    const QList<ExercisesSection::Row>& shownExercises() const { return m_exerciseRows.rows(); }
     const QList<ArchiveSection::Row>& shownArchive() const { return m_shownArchive; }
     QString exercisesTitle() const { return QStringLiteral("Items"); }
     ListRowModel* exerciseRows() { return &m_exerciseRows; }
@@ -237,11 +238,10 @@ private:
     ArchiveSection m_archive;
     // What is shown.
     QList<DailyLogSection::Row> m_shownSessions;
-    QList<ExercisesSection::Row> m_shownExercises;
     QList<ArchiveSection::Row> m_shownArchive;
-    ListRowModel m_dailyLogRows{this};
-    ListRowModel m_exerciseRows{this};
-    ListRowModel m_archiveRows{this};
+    ListRowsOf<ListRow> m_dailyLogRows;
+    ListRowsOf<ExercisesSection::Row> m_exerciseRows;
+    ListRowsOf<ListRow> m_archiveRows;
     QString m_dailyLogTitle;
 
     std::optional<Target> m_rowMenu;
