@@ -14,10 +14,13 @@ constexpr qsizetype stretch = 1024; // events
 
 void HistoryIndex::update(std::optional<Date> since) {
     const QList<HistoryEvent>& events = m_history.events();
+    const std::vector<int>& names = m_history.names().numbers();
+    const auto nameOf = [&names](qsizetype event) {
+        return static_cast<std::size_t>(names[static_cast<std::size_t>(event)]);
+    };
     if (m_history.generation() != m_generation || events.size() < m_known) {
         m_generation = m_history.generation();
         m_known = 0;
-        m_names = {};
         m_items.clear();
         m_latest.clear();
     }
@@ -27,12 +30,12 @@ void HistoryIndex::update(std::optional<Date> since) {
             item.ofSpan = {};
         for (qsizetype i = since ? earliestOfSpan(*since) : m_known; i < m_known; ++i) {
             if (const HistoryEvent& event = events.at(i); event.date >= *since)
-                m_items[static_cast<std::size_t>(m_names.indexOf(event.exerciseName))].ofSpan.add(event.practiceTime);
+                m_items[nameOf(i)].ofSpan.add(event.practiceTime);
         }
     }
     for (; m_known < events.size(); ++m_known) {
         const HistoryEvent& event = events.at(m_known);
-        const auto place = static_cast<std::size_t>(m_names.indexOf(event.exerciseName));
+        const std::size_t place = nameOf(m_known);
         if (place == m_items.size())
             m_items.push_back({event.date, {}, {}});
         Item& item = m_items[place];
@@ -51,9 +54,9 @@ qsizetype HistoryIndex::earliestOfSpan(Date since) const {
     return std::min(std::distance(m_latest.cbegin(), found) * stretch, m_known);
 }
 
-HistoryIndex::Practice HistoryIndex::practice(const QString& name) {
-    const int place = m_names.find(name);
-    if (place < 0)
+HistoryIndex::Practice HistoryIndex::practice(const QString& name) const {
+    const int place = m_history.names().find(name);
+    if (place < 0 || static_cast<std::size_t>(place) >= m_items.size())
         return {};
     const Item& item = m_items[static_cast<std::size_t>(place)];
     const Sum& sum = m_since ? item.ofSpan : item.all;

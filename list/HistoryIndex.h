@@ -1,7 +1,6 @@
 #pragma once
 
 #include "model/History.h"
-#include "model/NameIndex.h"
 #include "platform/Date.h"
 
 #include <QString>
@@ -29,7 +28,7 @@ public:
     void update(std::optional<Date> since);
 
     // Of the item of that name, as of the last update. An overflow stops the program.
-    Practice practice(const QString& name);
+    Practice practice(const QString& name) const;
 
 private:
     struct Sum {
@@ -51,8 +50,7 @@ private:
     quint64 m_generation = 0;
     qsizetype m_known = 0;       // events taken in so far
     std::optional<Date> m_since; // where the items' spans begin; while nothing, they count nothing
-    NameIndex m_names;
-    std::vector<Item> m_items; // by the numbers of their names
+    std::vector<Item> m_items;   // by the numbers of their names
     // The latest date of all events up to the end of each stretch of them. It only rises, whatever the order of the
     // events, and so tells where a span may begin.
     std::vector<Date> m_latest;

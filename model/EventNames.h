@@ -29,7 +29,7 @@ public:
     int find(const QString& name) const { return m_names.find(name); }
 
 private:
-    NameIndex m_names;
+    mutable NameIndex m_names; // remembers what is looked for
     std::vector<int> m_numbers;
 };
 
