@@ -13,24 +13,26 @@ namespace tamsel {
 namespace {
 
 // The numbers of the months of numbered days. Most events follow one of the same month.
-std::vector<int> monthsOf(std::span<const int> days) {
-    std::vector<int> months(days.size(), EventGroups::none);
-    int month = 0;
-    int firstDay = 0;
-    int endDay = 0;
-    for (std::size_t i = 0; i < days.size(); ++i) {
-        const int day = days[i];
+class MonthOfDay {
+public:
+    int operator()(int day) {
         if (day == EventGroups::none)
-            continue;
-        if (day < firstDay || day >= endDay) {
-            month = Calendar::monthOfDay(day);
-            firstDay = Calendar::firstDayOfMonth(month);
-            endDay = Calendar::firstDayOfMonth(month + 1);
+            return EventGroups::none;
+        if (day < m_firstDay || day >= m_endDay) {
+            m_month = Calendar::monthOfDay(day);
+            m_firstDay = Calendar::firstDayOfMonth(m_month);
+            m_endDay = Calendar::firstDayOfMonth(m_month + 1);
         }
-        months[i] = month;
+        return m_month;
     }
-    return months;
-}
+
+private:
+    int m_month = 0;
+    int m_firstDay = 0;
+    int m_endDay = 0;
+};
+
+} // namespace
 
 QList<HistoryEvent> eventsAt(std::span<const std::uint32_t> positions, const QList<HistoryEvent>& events) {
     if (positions.empty())
@@ -45,8 +47,6 @@ QList<HistoryEvent> eventsAt(std::span<const std::uint32_t> positions, const QLi
         found += events.at(position);
     return found;
 }
-
-} // namespace
 
 std::vector<int> daysOfExercise(const std::optional<Exercise>& exercise, const QList<HistoryEvent>& events,
                                 const std::vector<int>& days) {
@@ -63,13 +63,15 @@ std::vector<int> daysOfExercise(const std::optional<Exercise>& exercise, const Q
 EventBuckets lastDays(int count, std::span<const int> days, Date now, const Calendar& calendar) {
     if (count < 0)
         trap();
-    QList<int> numbers;
-    numbers.reserve(count);
-    for (int i = 0; i < count; ++i)
-        numbers += calendar.dayNumber(now - static_cast<double>(checkedMultiply(i, secondsPerDay)));
-    const int lowest = numbers.isEmpty() ? 0 : numbers.last();
-    const int highest = numbers.isEmpty() ? -1 : numbers.first();
-    return {numbers, EventGroups(days, lowest, highest)};
+    QList<EventBuckets::Bucket> list;
+    list.reserve(count);
+    for (int i = 0; i < count; ++i) {
+        const int day = calendar.dayNumber(now - static_cast<double>(checkedMultiply(i, secondsPerDay)));
+        list += {day, calendar.startOfDay(day)};
+    }
+    const int lowest = list.isEmpty() ? 0 : list.last().number;
+    const int highest = list.isEmpty() ? -1 : list.first().number;
+    return {list, std::make_shared<EventGroups>(days, lowest, highest)};
 }
 
 EventBuckets lastMonths(int count, bool allMonths, std::span<const int> days, Date now, const Calendar& calendar) {
@@ -78,38 +80,34 @@ EventBuckets lastMonths(int count, bool allMonths, std::span<const int> days, Da
     const int firstMonth = calendar.monthNumber(cutoffOfLastMonths(most, now, calendar));
     const int firstDay = Calendar::firstDayOfMonth(firstMonth);
     int earliestDay = std::numeric_limits<int>::max();
-    for (const int day : days) {
-        if (day >= firstDay)
-            earliestDay = std::min(earliestDay, day);
-    }
+    for (const int day : days)
+        earliestDay = day >= firstDay ? std::min(earliestDay, day) : earliestDay;
     const bool isEmpty = earliestDay == std::numeric_limits<int>::max();
     const int earliestMonth = isEmpty ? currentMonth : Calendar::monthOfDay(earliestDay);
-    QList<int> numbers;
+    QList<EventBuckets::Bucket> list;
     for (int i = 0; i < most && !isEmpty; ++i) {
         const int month = calendar.monthNumber(monthsBefore(i, now, calendar));
         if (allMonths && month < earliestMonth)
             break;
-        numbers += month;
+        list += {month, calendar.startOfMonth(month)};
     }
-    return {numbers, EventGroups(monthsOf(days), std::max(firstMonth, earliestMonth), currentMonth)};
+    return {list, std::make_shared<EventGroups>(days, std::max(firstMonth, earliestMonth), currentMonth, MonthOfDay())};
 }
 
-QList<DayOfEvents> daysOfEvents(const EventBuckets& buckets, const QList<HistoryEvent>& events,
-                                const Calendar& calendar) {
-    QList<DayOfEvents> list;
-    list.reserve(buckets.numbers.size());
-    for (const int day : buckets.numbers)
-        list += DayOfEvents{calendar.startOfDay(day), eventsAt(buckets.groups.positions(day), events)};
-    return list;
+QList<DayOfEvents> daysOfEvents(const EventBuckets& buckets, const QList<HistoryEvent>& events) {
+    QList<DayOfEvents> days;
+    days.reserve(buckets.list.size());
+    for (const auto& day : buckets.list)
+        days += DayOfEvents{day.start, eventsAt(buckets.positions(day), events)};
+    return days;
 }
 
-QList<MonthOfEvents> monthsOfEvents(const EventBuckets& buckets, const QList<HistoryEvent>& events,
-                                    const Calendar& calendar) {
-    QList<MonthOfEvents> list;
-    list.reserve(buckets.numbers.size());
-    for (const int month : buckets.numbers)
-        list += MonthOfEvents{calendar.startOfMonth(month), eventsAt(buckets.groups.positions(month), events)};
-    return list;
+QList<MonthOfEvents> monthsOfEvents(const EventBuckets& buckets, const QList<HistoryEvent>& events) {
+    QList<MonthOfEvents> months;
+    months.reserve(buckets.list.size());
+    for (const auto& month : buckets.list)
+        months += MonthOfEvents{month.start, eventsAt(buckets.positions(month), events)};
+    return months;
 }
 
 } // namespace tamsel

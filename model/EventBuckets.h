@@ -10,6 +10,8 @@
 
 #include <QList>
 
+#include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
@@ -22,10 +24,17 @@ namespace tamsel {
 std::vector<int> daysOfExercise(const std::optional<Exercise>& exercise, const QList<HistoryEvent>& events,
                                 const std::vector<int>& days);
 
-// Days or months by their numbers, newest first, and the positions of the events of each.
+// Days or months, newest first, and the positions of the events of each.
 struct EventBuckets {
-    QList<int> numbers;
-    EventGroups groups;
+    struct Bucket {
+        int number;
+        Date start;
+    };
+
+    QList<Bucket> list;
+    std::shared_ptr<const EventGroups> groups; // by the numbers; never null
+
+    std::span<const std::uint32_t> positions(const Bucket& bucket) const { return groups->positions(bucket.number); }
 };
 
 // The last so many days, today first, counted in steps of 86,400 seconds: where the
@@ -35,10 +44,11 @@ EventBuckets lastDays(int count, std::span<const int> days, Date now, const Cale
 // deliberately, when that time holds no event.
 EventBuckets lastMonths(int count, bool allMonths, std::span<const int> days, Date now, const Calendar& calendar);
 
+// The events at these positions, in their order.
+QList<HistoryEvent> eventsAt(std::span<const std::uint32_t> positions, const QList<HistoryEvent>& events);
+
 // The buckets with their events, which are those that the days were told of.
-QList<DayOfEvents> daysOfEvents(const EventBuckets& buckets, const QList<HistoryEvent>& events,
-                                const Calendar& calendar);
-QList<MonthOfEvents> monthsOfEvents(const EventBuckets& buckets, const QList<HistoryEvent>& events,
-                                    const Calendar& calendar);
+QList<DayOfEvents> daysOfEvents(const EventBuckets& buckets, const QList<HistoryEvent>& events);
+QList<MonthOfEvents> monthsOfEvents(const EventBuckets& buckets, const QList<HistoryEvent>& events);
 
 } // namespace tamsel

@@ -45,7 +45,7 @@ void History::load(StoredDocument<QList<HistoryEvent>> stored) {
         fatalError({});
     }
     m_extendableBytes = stored.lastByte == ']' ? std::optional(stored.size) : std::nullopt;
-    m_events = std::move(stored.value).value_or(QList<HistoryEvent>());
+    m_events = std::make_shared<QList<HistoryEvent>>(std::move(stored.value).value_or(QList<HistoryEvent>()));
 }
 
 History::~History() {
@@ -56,7 +56,7 @@ History::~History() {
 
 void History::finishRenames() {
     for (const Rename& rename : std::exchange(m_renames, {}))
-        takeOver(rename, renamed(m_events, 0, rename.oldName, rename.newName));
+        takeOver(rename, renamed(*m_events, 0, rename.oldName, rename.newName));
 }
 
 void History::replace(const DataDump& dump) {
@@ -70,7 +70,7 @@ void History::reload() {
 }
 
 void History::setEvents(QList<HistoryEvent> events) {
-    m_events = std::move(events);
+    m_events = std::make_shared<QList<HistoryEvent>>(std::move(events));
     ++m_generation;
     save();
     m_eventsChanged.notify();
@@ -88,8 +88,8 @@ void History::record(const PracticeSession& session) {
 }
 
 void History::append(const HistoryEvent& event) {
-    const bool extendable = m_extendableBytes.has_value() && !m_events.isEmpty();
-    m_events += event;
+    const bool extendable = m_extendableBytes.has_value() && !m_events->isEmpty();
+    *m_events += event;
     const auto document = extendable ? json::encode(event) : std::nullopt;
     if (document) {
         const QByteArray tail = ',' + *document + ']';
@@ -102,7 +102,7 @@ void History::append(const HistoryEvent& event) {
 }
 
 void History::save() {
-    const auto document = json::encode(m_events);
+    const auto document = json::encode(*m_events);
     if (!document)
         return;
     m_userDefaults.setData(keys::historyEvents, *document);
@@ -134,13 +134,13 @@ void History::rebuild(const Rename& rename, std::function<void()> completion) {
         }
         // What was recorded meanwhile stands behind the rest.
         const qsizetype known = rebuilt.size();
-        store.takeOver(rename, renamed(rebuilt + store.m_events.sliced(known), known, rename.oldName, rename.newName));
+        store.takeOver(rename, renamed(rebuilt + store.m_events->sliced(known), known, rename.oldName, rename.newName));
         store.m_renames.removeOne(rename);
         if (completion)
             completion();
     };
     // Handed on, not copied: what the completion holds is released on the main thread.
-    m_queue->async([&mainQueue = m_mainQueue, events = m_events, rename, finish = std::move(finish)]() mutable {
+    m_queue->async([&mainQueue = m_mainQueue, events = *m_events, rename, finish = std::move(finish)]() mutable {
         auto rebuilt = renamed(std::move(events), 0, rename.oldName, rename.newName);
         mainQueue.async([finish = std::move(finish), rebuilt = std::move(rebuilt)]() mutable { finish(rebuilt); });
     });
@@ -148,7 +148,7 @@ void History::rebuild(const Rename& rename, std::function<void()> completion) {
 
 void History::takeOver(const Rename& rename, QList<HistoryEvent> events) {
     for (qsizetype i = 0; i < events.size(); ++i) {
-        if (m_events.at(i).exerciseName == rename.oldName)
+        if (m_events->at(i).exerciseName == rename.oldName)
             events[i].id = m_uuids.next();
     }
     setEvents(std::move(events));
@@ -157,28 +157,28 @@ void History::takeOver(const Rename& rename, QList<HistoryEvent> events) {
 const std::vector<int>& History::days() const {
     if (std::exchange(m_daysGeneration, m_generation) != m_generation)
         m_days.clear();
-    m_days.reserve(static_cast<std::size_t>(m_events.size()));
-    for (auto i = static_cast<qsizetype>(m_days.size()); i < m_events.size(); ++i)
-        m_days.push_back(m_calendar.dayNumber(m_events.at(i).date));
+    m_days.reserve(static_cast<std::size_t>(m_events->size()));
+    for (auto i = static_cast<qsizetype>(m_days.size()); i < m_events->size(); ++i)
+        m_days.push_back(m_calendar.dayNumber(m_events->at(i).date));
     return m_days;
 }
 
 const EventNames& History::names() const {
     if (std::exchange(m_namesGeneration, m_generation) != m_generation)
         m_names = {};
-    m_names.update(m_events);
+    m_names.update(*m_events);
     return m_names;
 }
 
 QList<DayOfEvents> History::eventsByDay(int days, const std::optional<Exercise>& exercise) const {
-    const auto buckets = lastDays(days, daysOfExercise(exercise, m_events, this->days()), m_clock.now(), m_calendar);
-    return daysOfEvents(buckets, m_events, m_calendar);
+    const auto buckets = lastDays(days, daysOfExercise(exercise, *m_events, this->days()), m_clock.now(), m_calendar);
+    return daysOfEvents(buckets, *m_events);
 }
 
 QList<MonthOfEvents> History::eventsByMonth(int months, bool allMonths, const std::optional<Exercise>& exercise) const {
     const auto buckets =
-        lastMonths(months, allMonths, daysOfExercise(exercise, m_events, days()), m_clock.now(), m_calendar);
-    return monthsOfEvents(buckets, m_events, m_calendar);
+        lastMonths(months, allMonths, daysOfExercise(exercise, *m_events, days()), m_clock.now(), m_calendar);
+    return monthsOfEvents(buckets, *m_events);
 }
 
 } // namespace tamsel

@@ -41,7 +41,11 @@ public:
             std::optional<JournalReading> reading = {});
     ~History() override;
 
-    const QList<HistoryEvent>& events() const { return m_events; }
+    // Until the next change.
+    const QList<HistoryEvent>& events() const { return *m_events; }
+    // The list of the events, for what has to tell of it later as it is now: recording adds to its end, and every other
+    // change leaves it as it was and takes another list. A copy of the list would make the next recording copy it all.
+    std::shared_ptr<const QList<HistoryEvent>> journal() const { return m_events; }
     // The numbers of the calendar days that the events lie on, in their order. Told once for each event.
     const std::vector<int>& days() const;
     // The numbers of the events' names. Told once likewise.
@@ -94,7 +98,7 @@ private:
     const Calendar& m_calendar;
     Queue& m_mainQueue;
     UuidSource& m_uuids;
-    QList<HistoryEvent> m_events;
+    std::shared_ptr<QList<HistoryEvent>> m_events; // never null
     // Length of the stored document while it ends in the list's bracket, so that an event can be added behind the rest;
     // nothing when the next save has to write the whole.
     std::optional<qsizetype> m_extendableBytes;

@@ -32,8 +32,10 @@ public:
 
 private:
     struct Text {
-        QString name; // keeps the text, so that no other comes to lie at its address
+        const QChar* data = nullptr; // while nothing, the place is free
+        qsizetype size = 0;
         int number = -1;
+        QString name; // keeps the text, so that no other comes to lie at its address
     };
     static constexpr std::size_t leastPlaces = 64; // a power of two
     // An item has a text of its own beside that of its events.
@@ -43,13 +45,14 @@ private:
     static constexpr std::size_t mostSteps = 8;
 
     int numberOfText(const QString& name) const {
-        const std::size_t first = placeOf(name);
+        const QChar* const data = name.constData();
+        const std::size_t first = placeOf(data);
         for (std::size_t step = 0; step < mostSteps; ++step) {
-            const Text& text = placeAt(first + step);
-            if (text.number < 0)
-                break;
-            if (text.name.constData() == name.constData() && text.name.size() == name.size())
+            const Text& text = m_texts[(first + step) & m_mask];
+            if (text.data == data && text.size == name.size())
                 return text.number;
+            if (text.data == nullptr)
+                break;
         }
         return -1;
     }
@@ -66,31 +69,33 @@ private:
     int learn(const QString& name, int number) {
         if (static_cast<std::size_t>(m_names.size()) * placesPerName > m_texts.size()) {
             const std::vector<Text> texts = std::exchange(m_texts, std::vector<Text>(2 * m_texts.size()));
+            m_mask = m_texts.size() - 1;
+            --m_shift;
             for (const Text& text : texts) {
-                if (text.number >= 0)
+                if (text.data != nullptr)
                     put(text);
             }
         }
-        put({name, number});
+        put({name.constData(), name.size(), number, name});
         return number;
     }
 
     void put(const Text& text) {
-        const std::size_t first = placeOf(text.name);
+        const std::size_t first = placeOf(text.data);
         std::size_t step = 0;
-        while (step < mostSteps && placeAt(first + step).number >= 0)
+        while (step < mostSteps && m_texts[(first + step) & m_mask].data != nullptr)
             ++step;
-        m_texts[(first + step % mostSteps) & (m_texts.size() - 1)] = text;
+        m_texts[(first + step % mostSteps) & m_mask] = text;
     }
 
-    std::size_t placeOf(const QString& name) const {
+    std::size_t placeOf(const QChar* data) const {
         // Texts are allocated in steps of 16 bytes. 2^64 divided by the golden ratio.
-        const auto address = reinterpret_cast<std::uintptr_t>(name.constData()) >> 4;
-        return (address * 0x9E3779B97F4A7C15U) >> (64 - std::countr_zero(m_texts.size()));
+        return ((reinterpret_cast<std::uintptr_t>(data) >> 4) * 0x9E3779B97F4A7C15U) >> m_shift;
     }
-    const Text& placeAt(std::size_t index) const { return m_texts[index & (m_texts.size() - 1)]; }
 
-    std::vector<Text> m_texts = std::vector<Text>(leastPlaces); // a power of two
+    std::vector<Text> m_texts = std::vector<Text>(leastPlaces);
+    std::size_t m_mask = leastPlaces - 1;
+    int m_shift = 64 - std::countr_zero(leastPlaces); // leaves as many bits as number the places
     QHash<QString, int> m_numbers;
     QList<QString> m_names;
 };

@@ -11,56 +11,51 @@
 
 namespace tamsel {
 
-namespace {
-
-QString withTotal(const QString& date, qint64 minutes) {
-    return QStringLiteral("%1: %2").arg(date, practiceTimeText(minutes));
-}
-
-} // namespace
-
 PracticeTimeDetailViewModel::PracticeTimeDetailViewModel(Singletons& singletons,
                                                          const std::optional<Exercise>& exercise, TimeRange timeRange,
                                                          const Platform& platform, ItemColors& colors)
     : m_platform(platform), m_colors(colors), m_exerciseName(exercise ? exercise->name : QString()),
       m_ranges(rangesToOffer(singletons.history.events(), platform.clock.now(), platform.calendar)),
-      m_timeRange(timeRange) {
+      m_timeRange(timeRange), m_journal(singletons.history.journal()),
+      m_lists(listsOf(exercise, singletons.history, platform)) {
     log(QStringLiteral("PracticeTimeDetailViewModel.init"));
-    const QList<HistoryEvent>& events = singletons.history.events();
-    const Calendar& calendar = platform.calendar;
-    const Date now = platform.clock.now();
-    const auto days = daysOfExercise(exercise, events, singletons.history.days());
-    m_countsOfPracticeDays = tamsel::countsOfPracticeDays(days, now, calendar);
-    // The shorter lists of days are the beginnings of the longest.
-    m_last90DaysOfEvents =
-        daysOfEvents(lastDays(static_cast<int>(TimeRange::last90Days), days, now, calendar), events, calendar);
-    m_last30DaysOfEvents = m_last90DaysOfEvents.first(static_cast<int>(TimeRange::last30Days));
-    m_last7DaysOfEvents = m_last90DaysOfEvents.first(static_cast<int>(TimeRange::last7Days));
-    const auto ofMonths = [&](bool allMonths) {
-        return monthsOfEvents(lastMonths(monthsPerYear, allMonths, days, now, calendar), events, calendar);
-    };
-    m_twelveMonthsOfEvents = ofMonths(false);
-    m_allMonthsOfEvents = ofMonths(true);
     updateChart();
 }
 
-const QList<DayOfEvents>* PracticeTimeDetailViewModel::days() const {
-    switch (m_timeRange) {
-    case TimeRange::last7Days:
-        return &m_last7DaysOfEvents;
-    case TimeRange::last30Days:
-        return &m_last30DaysOfEvents;
-    case TimeRange::last90Days:
-        return &m_last90DaysOfEvents;
-    case TimeRange::last12Months:
-    case TimeRange::allMonths:
-        return nullptr;
-    }
-    trap();
+PracticeTimeDetailViewModel::Lists PracticeTimeDetailViewModel::listsOf(const std::optional<Exercise>& exercise,
+                                                                        const History& history,
+                                                                        const Platform& platform) {
+    const Calendar& calendar = platform.calendar;
+    const Date now = platform.clock.now();
+    const auto ofExercise = exercise ? daysOfExercise(exercise, history.events(), history.days()) : std::vector<int>();
+    const std::span<const int> days = exercise ? ofExercise : history.days();
+    const EventBuckets last90Days = lastDays(static_cast<int>(TimeRange::last90Days), days, now, calendar);
+    // The shorter lists of days are the beginnings of the longest.
+    const auto first = [&](TimeRange range) {
+        return EventBuckets{last90Days.list.first(static_cast<int>(range)), last90Days.groups};
+    };
+    return {tamsel::countsOfPracticeDays(days, now, calendar),
+            first(TimeRange::last7Days),
+            first(TimeRange::last30Days),
+            last90Days,
+            lastMonths(monthsPerYear, false, days, now, calendar),
+            lastMonths(monthsPerYear, true, days, now, calendar)};
 }
 
-const QList<MonthOfEvents>& PracticeTimeDetailViewModel::months() const {
-    return m_timeRange == TimeRange::allMonths ? m_allMonthsOfEvents : m_twelveMonthsOfEvents;
+const EventBuckets& PracticeTimeDetailViewModel::list() const {
+    switch (m_timeRange) {
+    case TimeRange::last7Days:
+        return m_lists.last7Days;
+    case TimeRange::last30Days:
+        return m_lists.last30Days;
+    case TimeRange::last90Days:
+        return m_lists.last90Days;
+    case TimeRange::last12Months:
+        return m_lists.twelveMonths;
+    case TimeRange::allMonths:
+        return m_lists.allMonths;
+    }
+    trap();
 }
 
 void PracticeTimeDetailViewModel::setTimeRange(TimeRange timeRange) {
@@ -79,38 +74,34 @@ void PracticeTimeDetailViewModel::updateChart() {
 }
 
 QList<ChartData::SessionsReport> PracticeTimeDetailViewModel::sessionsReports() const {
-    return days() != nullptr ? tamsel::sessionsReports(*days(), m_platform.uuids)
-                             : tamsel::sessionsReports(months(), m_platform.uuids);
+    return tamsel::sessionsReports(list(), m_journal, m_platform.uuids);
 }
 
-QList<PracticeTimeDetailViewModel::DayRow> PracticeTimeDetailViewModel::dayRows() const {
-    QList<DayRow> rows;
-    if (days() == nullptr)
-        return rows;
-    for (const DayOfEvents& day : *days()) {
-        rows += {static_cast<int>(rows.size()),
-                 withTotal(dayTitle(day.day, m_platform.calendar), m_minutes.at(rows.size())),
-                 m_platform.uuids.next(),
-                 {day}};
-    }
-    return rows;
+QString PracticeTimeDetailViewModel::rowTitle(int index) const {
+    const Date start = list().list.at(index).start;
+    return QStringLiteral("%1: %2").arg(isInMonths(m_timeRange) ? monthTitle(start, m_platform.calendar)
+                                                                : dayTitle(start, m_platform.calendar),
+                                        practiceTimeText(m_minutes.at(index)));
 }
 
-QList<PracticeTimeDetailViewModel::MonthRow> PracticeTimeDetailViewModel::monthRows() const {
-    QList<MonthRow> rows;
-    if (days() != nullptr)
-        return rows;
-    for (const MonthOfEvents& month : months()) {
-        rows += {static_cast<int>(rows.size()),
-                 withTotal(monthTitle(month.month, m_platform.calendar), m_minutes.at(rows.size())),
-                 m_platform.uuids.next(),
-                 {month}};
-    }
-    return rows;
+PracticeTimeDetailViewModel::DayRow PracticeTimeDetailViewModel::dayRow(int index) const {
+    const auto& day = list().list.at(index);
+    return {index,
+            rowTitle(index),
+            m_platform.uuids.next(),
+            {DayOfEvents{day.start, eventsAt(list().positions(day), *m_journal)}}};
+}
+
+PracticeTimeDetailViewModel::MonthRow PracticeTimeDetailViewModel::monthRow(int index) const {
+    const auto& month = list().list.at(index);
+    return {index,
+            rowTitle(index),
+            m_platform.uuids.next(),
+            {MonthOfEvents{month.start, eventsAt(list().positions(month), *m_journal)}}};
 }
 
 QList<ReportFigure> PracticeTimeDetailViewModel::practiceDayFigures() const {
-    const PracticeDayCounts& counts = m_countsOfPracticeDays;
+    const PracticeDayCounts& counts = countsOfPracticeDays();
     return {{QStringLiteral("practice_days_7"), QString::number(counts.days7), QStringLiteral("in 7 days")},
             {QStringLiteral("practice_days_30"), QString::number(counts.days30), QStringLiteral("in 30 days")},
             {QStringLiteral("practice_days_365"), QString::number(counts.days365), QStringLiteral("in 365 days")},
@@ -118,15 +109,12 @@ QList<ReportFigure> PracticeTimeDetailViewModel::practiceDayFigures() const {
 }
 
 QList<ReportRow> PracticeTimeDetailViewModel::rows() const {
-    QList<ReportRow> lines;
-    const auto add = [&lines](const auto& rows) {
-        lines.reserve(rows.size());
-        for (const auto& row : rows)
-            lines += {QStringLiteral("practice_time_row_%1").arg(row.index), row.title, QString(), false};
-    };
-    add(dayRows());
-    add(monthRows());
-    return lines;
+    QList<ReportRow> rows;
+    const auto count = static_cast<int>(list().list.size());
+    rows.reserve(count);
+    for (int i = 0; i < count; ++i)
+        rows += {QStringLiteral("practice_time_row_%1").arg(i), rowTitle(i), QString(), false};
+    return rows;
 }
 
 QString PracticeTimeDetailViewModel::emptyText() const {
@@ -142,14 +130,8 @@ void PracticeTimeDetailViewModel::selectTimeRange(int value) {
 }
 
 void PracticeTimeDetailViewModel::openRow(int row) {
-    const auto openIn = [&](const auto& list) {
-        if (row >= 0 && row < list.size())
-            Q_EMIT destinationRequested({list.at(row)});
-    };
-    if (days() != nullptr)
-        openIn(*days());
-    else
-        openIn(months());
+    if (row >= 0 && row < list().list.size())
+        Q_EMIT destinationRequested(isInMonths(m_timeRange) ? monthRow(row).route : dayRow(row).route);
 }
 
 void PracticeTimeDetailViewModel::openBar(int bar) {

@@ -2,6 +2,7 @@
 
 #include "app/Singletons.h"
 #include "model/DayOfEvents.h"
+#include "model/EventBuckets.h"
 #include "model/Exercise.h"
 #include "model/MonthOfEvents.h"
 #include "platform/Platform.h"
@@ -19,6 +20,7 @@
 #include <QUuid>
 #include <QtQml/qqmlregistration.h>
 
+#include <memory>
 #include <optional>
 
 namespace tamsel {
@@ -63,15 +65,15 @@ public:
     void selectTimeRange(int value);
     void setTimeRange(TimeRange timeRange);
 
-    const PracticeDayCounts& countsOfPracticeDays() const { return m_countsOfPracticeDays; }
-    const QList<DayOfEvents>& last7DaysOfEvents() const { return m_last7DaysOfEvents; }
-    const QList<DayOfEvents>& last30DaysOfEvents() const { return m_last30DaysOfEvents; }
-    const QList<DayOfEvents>& last90DaysOfEvents() const { return m_last90DaysOfEvents; }
-    const QList<MonthOfEvents>& twelveMonthsOfEvents() const { return m_twelveMonthsOfEvents; }
-    const QList<MonthOfEvents>& allMonthsOfEvents() const { return m_allMonthsOfEvents; }
-    // Of the present range, newest first; one of the two is empty.
-    QList<DayRow> dayRows() const;
-    QList<MonthRow> monthRows() const;
+    const PracticeDayCounts& countsOfPracticeDays() const { return m_lists.countsOfPracticeDays; }
+    QList<DayOfEvents> last7DaysOfEvents() const { return daysOfEvents(m_lists.last7Days, *m_journal); }
+    QList<DayOfEvents> last30DaysOfEvents() const { return daysOfEvents(m_lists.last30Days, *m_journal); }
+    QList<DayOfEvents> last90DaysOfEvents() const { return daysOfEvents(m_lists.last90Days, *m_journal); }
+    QList<MonthOfEvents> twelveMonthsOfEvents() const { return monthsOfEvents(m_lists.twelveMonths, *m_journal); }
+    QList<MonthOfEvents> allMonthsOfEvents() const { return monthsOfEvents(m_lists.allMonths, *m_journal); }
+    // One of rows(), which are days or months as the present range has it.
+    DayRow dayRow(int index) const;
+    MonthRow monthRow(int index) const;
     // Of the present range, newest first.
     QList<ChartData::SessionsReport> sessionsReports() const;
 
@@ -95,9 +97,19 @@ Q_SIGNALS:
     void destinationRequested(const tamsel::destinations::FromPracticeTimeDetailView& destination);
 
 private:
-    // The list of the present range: one of days where there is one, otherwise that of months.
-    const QList<DayOfEvents>* days() const;
-    const QList<MonthOfEvents>& months() const;
+    // Where the events of each list are in the journal: copies of them all would take longer than the rest.
+    struct Lists {
+        PracticeDayCounts countsOfPracticeDays;
+        EventBuckets last7Days;
+        EventBuckets last30Days;
+        EventBuckets last90Days;
+        EventBuckets twelveMonths;
+        EventBuckets allMonths;
+    };
+    static Lists listsOf(const std::optional<Exercise>& exercise, const History& history, const Platform& platform);
+    // Of the present range.
+    const EventBuckets& list() const;
+    QString rowTitle(int index) const;
     void updateChart();
 
     const Platform m_platform;
@@ -105,12 +117,8 @@ private:
     const QString m_exerciseName;
     const QList<TimeRange> m_ranges;
     TimeRange m_timeRange;
-    PracticeDayCounts m_countsOfPracticeDays;
-    QList<DayOfEvents> m_last7DaysOfEvents;
-    QList<DayOfEvents> m_last30DaysOfEvents;
-    QList<DayOfEvents> m_last90DaysOfEvents;
-    QList<MonthOfEvents> m_twelveMonthsOfEvents;
-    QList<MonthOfEvents> m_allMonthsOfEvents;
+    const std::shared_ptr<const QList<HistoryEvent>> m_journal;
+    const Lists m_lists;
     QList<qint64> m_minutes; // of each entry of the present range's list
     Chart m_chart{this};
 };

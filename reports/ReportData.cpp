@@ -15,19 +15,6 @@ namespace tamsel {
 
 namespace {
 
-void addSession(ChartData::SessionsReport& report, const HistoryEvent& event) {
-    report.sessions.emplaceBack(event.exerciseName, event.practiceTime);
-    report.minutes = checkedAdd(report.minutes, event.practiceTime);
-}
-
-ChartData::SessionsReport sessionsReport(Date date, const QList<HistoryEvent>& events, UuidSource& uuids) {
-    ChartData::SessionsReport report{date, uuids.next(), {}};
-    report.sessions.reserve(events.size());
-    for (const HistoryEvent& event : events)
-        addSession(report, event);
-    return report;
-}
-
 // From the first of these numbered days up to, not including, the end.
 QList<HistoryEvent> eventsFrom(const History& history, int firstDay, int endDay) {
     const std::vector<int>& days = history.days();
@@ -67,43 +54,29 @@ private:
 
 } // namespace
 
-QList<ChartData::SessionsReport> sessionsReports(const QList<DayOfEvents>& days, UuidSource& uuids) {
+QList<ChartData::SessionsReport> sessionsReports(const EventBuckets& buckets,
+                                                 const std::shared_ptr<const QList<HistoryEvent>>& events,
+                                                 UuidSource& uuids) {
     QList<ChartData::SessionsReport> reports;
-    reports.reserve(days.size());
-    for (const DayOfEvents& day : days)
-        reports += sessionsReport(day.day, day.events, uuids);
-    return reports;
-}
-
-QList<ChartData::SessionsReport> sessionsReports(const QList<MonthOfEvents>& months, UuidSource& uuids) {
-    QList<ChartData::SessionsReport> reports;
-    reports.reserve(months.size());
-    for (const MonthOfEvents& month : months)
-        reports += sessionsReport(month.month, month.events, uuids);
+    reports.reserve(buckets.list.size());
+    for (const auto& bucket : buckets.list) {
+        ChartData::SessionsReport report{
+            bucket.start, uuids.next(), {events, buckets.groups, buckets.positions(bucket)}};
+        for (const ChartData::Session& session : report.sessions)
+            report.minutes = checkedAdd(report.minutes, session.minutes);
+        reports += std::move(report);
+    }
     return reports;
 }
 
 QList<ChartData::SessionsReport> sessionsReports(const History& history, TimeRange range, const Platform& platform) {
     const Calendar& calendar = platform.calendar;
     const Date now = platform.clock.now();
-    const QList<HistoryEvent>& events = history.events();
     const std::vector<int>& days = history.days();
     const auto buckets = isInMonths(range)
                              ? lastMonths(monthsPerYear, range == TimeRange::allMonths, days, now, calendar)
                              : lastDays(static_cast<int>(range), days, now, calendar);
-    // Straight from the journal: days and months with copies of all their events would take longer than the rest.
-    QList<ChartData::SessionsReport> reports;
-    reports.reserve(buckets.numbers.size());
-    for (const int number : buckets.numbers) {
-        const Date date = isInMonths(range) ? calendar.startOfMonth(number) : calendar.startOfDay(number);
-        ChartData::SessionsReport report{date, platform.uuids.next(), {}};
-        const auto positions = buckets.groups.positions(number);
-        report.sessions.reserve(static_cast<qsizetype>(positions.size()));
-        for (const std::uint32_t position : positions)
-            addSession(report, events.at(position));
-        reports += std::move(report);
-    }
-    return reports;
+    return sessionsReports(buckets, history.journal(), platform.uuids);
 }
 
 DayOfEvents eventsOfDay(const History& history, int dayNumber, const Calendar& calendar) {
@@ -156,9 +129,12 @@ QList<ChartData::ExerciseReportOverTime> rankingSince(Date cutoff, const History
 PracticeDayCounts countsOfPracticeDays(std::span<const int> daysOfEvents, Date now, const Calendar& calendar) {
     // Most events follow one of the same day.
     std::vector<int> days;
+    int last = EventGroups::none;
     for (const int day : daysOfEvents) {
-        if (day != EventGroups::none && (days.empty() || days.back() != day))
-            days.push_back(day);
+        if (day == EventGroups::none || day == last)
+            continue;
+        days.push_back(day);
+        last = day;
     }
     std::ranges::sort(days);
     days.erase(std::ranges::unique(days).begin(), days.end());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/DayOfEvents.h"
+#include "model/EventBuckets.h"
 #include "model/History.h"
 #include "model/MonthOfEvents.h"
 #include "platform/Calendar.h"
@@ -12,6 +13,7 @@
 
 #include <QList>
 
+#include <memory>
 #include <optional>
 #include <span>
 
@@ -19,8 +21,9 @@
 namespace tamsel {
 
 // One report for each day or month, empty ones included, in the order given.
-QList<ChartData::SessionsReport> sessionsReports(const QList<DayOfEvents>& days, UuidSource& uuids);
-QList<ChartData::SessionsReport> sessionsReports(const QList<MonthOfEvents>& months, UuidSource& uuids);
+QList<ChartData::SessionsReport> sessionsReports(const EventBuckets& buckets,
+                                                 const std::shared_ptr<const QList<HistoryEvent>>& events,
+                                                 UuidSource& uuids);
 // Those of a range, newest first, of all items.
 QList<ChartData::SessionsReport> sessionsReports(const History& history, TimeRange range, const Platform& platform);
 

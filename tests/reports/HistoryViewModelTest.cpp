@@ -226,12 +226,15 @@ TEST_F(HistoryViewModelTest, TheDetailOfOneItemIsFixedWhenItIsOpened) {
                destinations::FromHistoryView{destinations::FromHistoryView::PracticeTime{
                    Exercise{QStringLiteral("Scales"), QUuid()}, TimeRange::last30Days}});
     auto& detail = top<PracticeTimeDetailViewModel>();
+    journal.history().record(*PracticeSession::make(journal.clock.now(), Exercise{QStringLiteral("Scales"), QUuid()},
+                                                    600, SessionType::timer));
     journal.add(120, "Scales", 1);
     EXPECT_EQ(titlesOf(detail.rows()).mid(0, 3),
               (QStringList{QStringLiteral("03/14/24: 1h 5m"), QStringLiteral("03/13/24: 20m"),
                            QStringLiteral("03/12/24: 0m")}));
     EXPECT_EQ(detail.countsOfPracticeDays(), (PracticeDayCounts{2, 2, 2, 2}));
     EXPECT_EQ(detail.last7DaysOfEvents(), detail.last30DaysOfEvents().first(7));
+    EXPECT_EQ(detail.last7DaysOfEvents().first().events.size(), 1);
     EXPECT_EQ(detail.last90DaysOfEvents().size(), 90);
     EXPECT_EQ(detail.twelveMonthsOfEvents().size(), 12);
     EXPECT_EQ(detail.allMonthsOfEvents().size(), 1);
