@@ -16,7 +16,9 @@ class EventNames {
 public:
     // Numbers the names of the events behind those that it knows.
     void update(const QList<HistoryEvent>& events) {
-        m_numbers.reserve(static_cast<std::size_t>(events.size()));
+        // Only the first time: taking in one more must not move all.
+        if (m_numbers.empty())
+            m_numbers.reserve(static_cast<std::size_t>(events.size()));
         for (auto i = static_cast<qsizetype>(m_numbers.size()); i < events.size(); ++i)
             m_numbers.push_back(m_names.indexOf(events.at(i).exerciseName));
     }

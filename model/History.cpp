@@ -157,7 +157,9 @@ void History::takeOver(const Rename& rename, QList<HistoryEvent> events) {
 const std::vector<int>& History::days() const {
     if (std::exchange(m_daysGeneration, m_generation) != m_generation)
         m_days.clear();
-    m_days.reserve(static_cast<std::size_t>(m_events->size()));
+    // Only the first time: taking in one more must not move all.
+    if (m_days.empty())
+        m_days.reserve(static_cast<std::size_t>(m_events->size()));
     for (auto i = static_cast<qsizetype>(m_days.size()); i < m_events->size(); ++i)
         m_days.push_back(m_calendar.dayNumber(m_events->at(i).date));
     return m_days;
