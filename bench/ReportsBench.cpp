@@ -218,7 +218,7 @@ void inEverySize(benchmark::internal::Benchmark* each) {
 }
 
 void inEveryRange(benchmark::internal::Benchmark* each) {
-    for (const qint64 count : {many, veryMany}) {
+    for (const qint64 count : {few, many, veryMany}) {
         for (const TimeRange range : everyTimeRange())
             each->Args({count, static_cast<int>(range)});
     }
