@@ -13,7 +13,7 @@
 namespace tamsel {
 
 // The stored events, read on a thread of its own, so that a program with decades of them can do the rest of its start
-// meanwhile. What changes in the store after the constructor may or may not be among them. Main thread only.
+// meanwhile. The stored events must not change until it is finished. Main thread only.
 class JournalReading {
 public:
     // The store is not needed any more when this returns; a file that it lies in is.
