@@ -13,6 +13,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <optional>
 
 namespace tamsel {
 
@@ -20,6 +21,7 @@ namespace {
 
 const QString itemName = QStringLiteral("C Major Scales");
 constexpr int patienceMilliseconds = 10'000;
+constexpr int stillMilliseconds = 40;   // two frames and a bit
 constexpr int settleMilliseconds = 400; // longer than any transition of a screen
 
 QQuickItem* lookBelow(QQuickItem& item, const QString& identifier) {
@@ -178,8 +180,20 @@ QQuickItem& Tour::find(const QString& identifier) {
 }
 
 void Tour::tap(const QString& identifier) {
-    const QQuickItem& item = find(identifier);
-    const QPointF position = item.mapToScene(QPointF(item.width() / 2, item.height() / 2));
+    find(identifier);
+    const auto middle = [&]() -> std::optional<QPointF> {
+        const QQuickItem* const item = lookFor(identifier);
+        return item == nullptr ? std::nullopt
+                               : std::optional(item->mapToScene(QPointF(item->width() / 2, item->height() / 2)));
+    };
+    // Nobody taps on what is still moving: it would be elsewhere when the finger is lifted, or below something else.
+    QPointF position;
+    waitUntil(QStringLiteral("“%1” stands still").arg(identifier), [&] {
+        const auto before = middle();
+        watch(stillMilliseconds);
+        position = middle().value_or(QPointF());
+        return before == position;
+    });
     const auto send = [&](QEvent::Type type, Qt::MouseButtons buttons) {
         QMouseEvent event(type, position, m_window.mapToGlobal(position), Qt::LeftButton, buttons, Qt::NoModifier,
                           QPointingDevice::primaryPointingDevice());
