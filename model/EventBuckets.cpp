@@ -94,20 +94,25 @@ EventBuckets lastMonths(int count, bool allMonths, std::span<const int> days, Da
     return {list, std::make_shared<EventGroups>(days, std::max(firstMonth, earliestMonth), currentMonth, MonthOfDay())};
 }
 
+namespace {
+
+template <class Each>
+QList<Each> withEvents(const EventBuckets& buckets, const QList<HistoryEvent>& events) {
+    QList<Each> list;
+    list.reserve(buckets.list.size());
+    for (const auto& bucket : buckets.list)
+        list += Each{bucket.start, eventsAt(buckets.positions(bucket), events)};
+    return list;
+}
+
+} // namespace
+
 QList<DayOfEvents> daysOfEvents(const EventBuckets& buckets, const QList<HistoryEvent>& events) {
-    QList<DayOfEvents> days;
-    days.reserve(buckets.list.size());
-    for (const auto& day : buckets.list)
-        days += DayOfEvents{day.start, eventsAt(buckets.positions(day), events)};
-    return days;
+    return withEvents<DayOfEvents>(buckets, events);
 }
 
 QList<MonthOfEvents> monthsOfEvents(const EventBuckets& buckets, const QList<HistoryEvent>& events) {
-    QList<MonthOfEvents> months;
-    months.reserve(buckets.list.size());
-    for (const auto& month : buckets.list)
-        months += MonthOfEvents{month.start, eventsAt(buckets.positions(month), events)};
-    return months;
+    return withEvents<MonthOfEvents>(buckets, events);
 }
 
 } // namespace tamsel

@@ -8,6 +8,7 @@
 #include "platform/TimeUnits.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -26,21 +27,22 @@ QList<HistoryEvent> eventsFrom(const History& history, int firstDay, int endDay)
     return found;
 }
 
-// The practice of each item.
+// The practice of each item, by the number of its name.
 class Sums {
 public:
-    void add(const HistoryEvent& event) {
-        const auto number = static_cast<std::size_t>(m_names.indexOf(event.exerciseName));
-        if (number == m_minutes.size())
-            m_minutes.push_back(0);
-        m_minutes[number] = checkedAdd(m_minutes[number], event.practiceTime);
+    void add(int name, qint64 minutes) {
+        const auto place = static_cast<std::size_t>(name);
+        if (place >= m_minutes.size())
+            m_minutes.resize(place + 1);
+        m_minutes[place] = checkedAdd(m_minutes[place].value_or(0), minutes);
     }
 
-    QList<ChartData::ExerciseReportOverTime> records(UuidSource& uuids) const {
+    QList<ChartData::ExerciseReportOverTime> records(const QList<QString>& names, UuidSource& uuids) const {
         QList<ChartData::ExerciseReportOverTime> records;
-        records.reserve(m_names.names().size());
-        for (std::size_t i = 0; i < m_minutes.size(); ++i)
-            records += {m_names.names().at(static_cast<qsizetype>(i)), m_minutes[i], uuids.next()};
+        for (std::size_t i = 0; i < m_minutes.size(); ++i) {
+            if (m_minutes[i])
+                records += {names.at(static_cast<qsizetype>(i)), *m_minutes[i], uuids.next()};
+        }
         std::ranges::sort(records, [](const auto& a, const auto& b) {
             return a.minutes != b.minutes ? a.minutes > b.minutes : a.exercise < b.exercise;
         });
@@ -48,8 +50,7 @@ public:
     }
 
 private:
-    NameIndex m_names;
-    std::vector<qint64> m_minutes;
+    std::vector<std::optional<qint64>> m_minutes; // nothing for a name without an event
 };
 
 } // namespace
@@ -104,10 +105,11 @@ double averageMinutes(const QList<ChartData::SessionsReport>& reports) {
 }
 
 QList<ChartData::ExerciseReportOverTime> ranking(const QList<HistoryEvent>& events, UuidSource& uuids) {
+    NameIndex names;
     Sums sums;
     for (const HistoryEvent& event : events)
-        sums.add(event);
-    return sums.records(uuids);
+        sums.add(names.indexOf(event.exerciseName), event.practiceTime);
+    return sums.records(names.names(), uuids);
 }
 
 QList<ChartData::ExerciseReportOverTime> rankingSince(Date cutoff, const History& history, const Platform& platform) {
@@ -115,15 +117,16 @@ QList<ChartData::ExerciseReportOverTime> rankingSince(Date cutoff, const History
     // start.
     const int firstDay = platform.calendar.dayNumber(cutoff) - 1;
     const std::vector<int>& days = history.days();
+    const EventNames& names = history.names();
     Sums sums;
     for (std::size_t i = 0; i < days.size(); ++i) {
         if (days[i] < firstDay)
             continue;
         const HistoryEvent& event = history.events().at(static_cast<qsizetype>(i));
         if (!(event.date < cutoff))
-            sums.add(event);
+            sums.add(names.numbers()[i], event.practiceTime);
     }
-    return sums.records(platform.uuids);
+    return sums.records(names.names(), platform.uuids);
 }
 
 PracticeDayCounts countsOfPracticeDays(std::span<const int> daysOfEvents, Date now, const Calendar& calendar) {
